@@ -1,0 +1,32 @@
+# pellora_floor(NAME FOLDER [FLOORS...]): the sources of one folder (not of its subfolders) as a static library
+# pellora_NAME that links the floors it stands on.
+function(pellora_floor name folder)
+  file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${folder}/*.cpp)
+  list(TRANSFORM ARGN PREPEND pellora_ OUTPUT_VARIABLE below)
+  if(sources)
+    add_library(pellora_${name} STATIC ${sources})
+    target_include_directories(pellora_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+    target_link_libraries(pellora_${name} PUBLIC ${below})
+  else()
+    add_library(pellora_${name} INTERFACE)
+    target_include_directories(pellora_${name} INTERFACE ${PROJECT_SOURCE_DIR}/src)
+    target_link_libraries(pellora_${name} INTERFACE ${below})
+  endif()
+endfunction()
+
+# pellora_test(NAME FOLDER [LIBRARIES...]): the sources of one folder of tests as a program test_NAME, one ctest test
+# for the program. Does nothing for a folder without sources.
+function(pellora_test name folder)
+  file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${folder}/*.cpp)
+  if(NOT sources)
+    return()
+  endif()
+  add_executable(test_${name} ${sources})
+  target_include_directories(test_${name} PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/src)
+  target_compile_definitions(test_${name} PRIVATE PELLORA_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+  target_link_libraries(test_${name} PRIVATE ${ARGN} GTest::gmock_main)
+  if(NOT WIN32)
+    add_test(NAME ${name} COMMAND test_${name})
+    set_tests_properties(${name} PROPERTIES TIMEOUT 120)
+  endif()
+endfunction()

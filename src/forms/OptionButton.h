@@ -1,0 +1,28 @@
+#pragma once
+
+#include "forms/Control.h"
+
+namespace pellora {
+
+/// One of several choices in a container, of which at most one is selected. Tab stops at the selected one, or at
+/// the first of the group when none is; the arrow keys move and select.
+class OptionButton : public Control {
+ public:
+  OptionButton(Container& parent, std::string_view name, std::string_view caption);
+
+  bool Value() const { return m_value; }
+  /// Selecting deselects the others of the container and raises `Click` of this one only; deselecting raises nothing.
+  void Value(bool value);
+
+  bool TabStop() const override;
+
+  std::function<void()> Click;
+
+  /// The user has chosen this one.
+  void PeerClick();
+
+ private:
+  bool m_value = false;
+};
+
+}  // namespace pellora
