@@ -59,11 +59,26 @@ windows_path() {
 _prepare_prefix() {
   # Windows draw their own captions and take the focus at once: the same with and without a window manager.
   set_user_value 'Software\Wine\X11 Driver' Managed REG_SZ N
-  # The dialogs' font, and the smoothing of a display of today.
-  local font=Software\\Wine\\Fonts\\Replacements name
+  # Debian's Wine does not find its own symbol font, with which the buttons of a caption are drawn.
+  cp /usr/share/wine/fonts/marlett.ttf "$WINEPREFIX/drive_c/windows/Fonts/"
+  # The platform's dialog font and size of today, as near as a free font comes, smoothed without colours.
+  local font="DejaVu Sans Condensed" name
   for name in "MS Shell Dlg" "MS Shell Dlg 2" "Segoe UI" "Tahoma"; do
-    set_user_value "$font" "$name" REG_SZ "Liberation Sans"
+    run_wine 30 reg add 'HKLM\Software\Microsoft\Windows NT\CurrentVersion\FontSubstitutes' \
+      /v "$name" /t REG_SZ /d "$font" /f >/dev/null
+  done
+  for name in CaptionFont IconFont MenuFont MessageFont SmCaptionFont StatusFont; do
+    set_user_value 'Control Panel\Desktop\WindowMetrics' "$name" REG_BINARY "$(_font_record -12 "$font")"
   done
   set_user_value 'Control Panel\Desktop' FontSmoothing REG_SZ 2
-  set_user_value 'Control Panel\Desktop' FontSmoothingType REG_DWORD 2
+  set_user_value 'Control Panel\Desktop' FontSmoothingType REG_DWORD 1
+}
+
+# _font_record HEIGHT NAME: a LOGFONTW in hexadecimal digits, as the registry keeps the fonts of windows.
+_font_record() {
+  python3 - "$1" "$2" <<'PYTHON'
+import struct, sys
+name = sys.argv[2].encode("utf-16-le")[:62]
+print((struct.pack("<5i8B", int(sys.argv[1]), 0, 0, 0, 400, 0, 0, 0, 1, 0, 0, 0, 0x22) + name.ljust(64, b"\0")).hex())
+PYTHON
 }
