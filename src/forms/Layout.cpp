@@ -1,0 +1,3 @@
+#include "forms/Layout.h"
+
+#include "forms/Pages.h"
