@@ -12,7 +12,6 @@ struct End {
 };
 
 bool IsLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 void SkipDollar(std::string_view& text) {
   if (!text.empty() && text.front() == '$') text.remove_prefix(1);
