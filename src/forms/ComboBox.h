@@ -19,6 +19,9 @@ class ComboBox : public ListControl {
   /// Otherwise the text must be an item (383, property is read-only, when it is not), which becomes chosen.
   void Text(std::string_view text);
 
+  /// An editable combo keeps its text when its chosen item goes.
+  void RemoveItem(int index) override;
+  /// The text goes with the items; raises nothing.
   void Clear() override;
 
   /// The text has changed, by typing or by `Text`. Choosing an item raises `Click` only.
@@ -31,6 +34,8 @@ class ComboBox : public ListControl {
   void Chosen() override;
 
  private:
+  void StoreText(std::string_view text, int index);
+
   ComboStyle m_style;
   std::string m_text;
 };

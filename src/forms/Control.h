@@ -76,14 +76,16 @@ class Control {
   bool Usable() const;
   const std::string& ToolTip() const { return m_toolTip; }
   void ToolTip(std::string_view text);
-  /// The name assistive programs read: set here, otherwise the label before the control, otherwise its caption.
+  /// The name assistive programs read: set here, otherwise its caption, otherwise the label before the control.
   std::string AccessibleName() const;
   void AccessibleName(std::string_view name) { m_accessibleName = name; }
 
   /// True when Tab stops at this kind of control.
   virtual bool TabStop() const { return false; }
-  /// Makes this the form's active control and gives it the keyboard when it is on screen. A control that cannot be
-  /// used refuses with 5 (invalid procedure call).
+  /// True when the control could have the focus now: it is usable, and Tab stops at it or it is an option button.
+  bool TakesFocus() const;
+  /// Makes this the form's active control and gives it the keyboard when it is on screen. A control that cannot take
+  /// it refuses with 5 (invalid procedure call).
   void SetFocus();
 
   /// Client pixels of the form; set by the layout pass.
@@ -99,6 +101,12 @@ class Control {
  protected:
   Control(Container* parent, ControlKind kind, std::string_view name);
   void Tell(Aspect aspect);
+
+  /// Raises an event. The handler is copied first: it may replace itself, or unload what it belongs to.
+  template <class... Parameters, class... Arguments>
+  static void Raise(const std::function<void(Parameters...)>& event, Arguments... arguments) {
+    if (const auto handler = event) handler(arguments...);
+  }
 
  private:
   Container* m_parent;

@@ -53,6 +53,7 @@ class Form : public Container {
   /// Makes the form's window and runs `OnLoad`, once until it is unloaded.
   void Load();
   /// Shows the form modally; returns when it is hidden or unloaded. A form that is hidden while it loads is not shown.
+  /// Raises 400 (already displayed) while an earlier showing has not returned.
   void Show();
   /// Ends the modal showing once the running handler returns.
   void Hide();
@@ -76,6 +77,16 @@ class Form : public Container {
   /// A message box over this form with the critical icon, one OK button and the title "Vantix".
   void ShowCritical(std::string_view text);
 
+  /// The control that Alt and a letter reach now, letter case apart, or null: the usable control with that access key;
+  /// for a label or frame the next control in order of making that can take the focus; for a page its tab.
+  Control* AccessKeyTarget(char letter) const;
+
+  /// The user has pressed Alt and a letter: moves the focus to the target, clicks it when it is a button, check box or
+  /// option button, shows it when it is a page. False when no control has that access key.
+  bool PeerAccessKey(char letter);
+  /// The user has pressed a key at the control with the focus, which hears of it first (`KeyDown`). Enter then presses
+  /// the button with the focus or the default button, Escape the cancel button. False when nothing used the key.
+  bool PeerKey(const KeyPress& press);
   /// The user wants to close the window: `OnQueryUnload` with `kUnloadByUser`; unless that cancels, unloads.
   void PeerClose();
   /// The form has come up, or has become the active window again.
@@ -93,9 +104,13 @@ class Form : public Container {
   virtual void OnUnload() {}
 
  private:
+  void UnloadUnlessCancelled(std::int16_t mode);
   bool QueryUnload(std::int16_t mode);
+  void FinishUnload();
   void EnsurePeer();
   void DropPeer();
+  void DetachControls();
+  Control* NextThatTakesFocus(const Control* after) const;
 
   Toolkit& m_toolkit;
   std::string m_tag;
@@ -109,6 +124,8 @@ class Form : public Container {
   std::unique_ptr<FormPeer> m_formPeer;
   bool m_loaded = false;
   bool m_shown = false;
+  bool m_modal = false;
+  bool m_unloading = false;
 };
 
 }  // namespace pellora

@@ -62,6 +62,7 @@ class Grid : public Control {
   };
   void Select(int row, int column, bool fromPeer);
   void TellUnlessFrozen(Aspect aspect);
+  void CheckRow(int row) const;
   void CheckCell(int row, int column) const;
 
   std::vector<Column> m_columns;

@@ -14,7 +14,7 @@ class ListControl : public Control {
   int ListCount() const { return static_cast<int>(m_items.size()); }
   /// The item at an index; raises 381 (invalid property array index) outside.
   const std::string& List(int index) const;
-  /// Appends, or inserts before `index`; the chosen item stays chosen.
+  /// Appends, or inserts before `index`; the chosen item stays chosen. Raises 5 outside.
   virtual void AddItem(std::string_view item, int index = -1);
   /// Removes; when it was the chosen one, none is. Raises 5 outside.
   virtual void RemoveItem(int index);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "forms/Control.h"
 
 namespace pellora {
@@ -16,12 +18,17 @@ class OptionButton : public Control {
 
   bool TabStop() const override;
 
+  /// The option buttons of the same container in the order of making, this one included.
+  std::vector<OptionButton*> Group() const;
+
   std::function<void()> Click;
 
   /// The user has chosen this one.
   void PeerClick();
 
  private:
+  void DeselectOthers();
+
   bool m_value = false;
 };
 

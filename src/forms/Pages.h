@@ -18,6 +18,7 @@ class Pages : public Container {
   Pages(Container& parent, std::string_view name);
 
   int PageCount() const { return static_cast<int>(Children().size()); }
+  /// Raises 381 outside.
   Page& PageAt(int index) const;
   int CurrentPage() const { return m_current; }
   /// Raises `Switch` when another page is shown; 380 outside.

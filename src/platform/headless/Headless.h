@@ -12,9 +12,21 @@
 
 #include "forms/Control.h"
 #include "forms/Form.h"
+#include "forms/Peers.h"
 #include "support/Platform.h"
 
 namespace pellora::headless {
+
+/// Measures without fonts: every character takes 6 by 13 pixels at 96 dpi, in headings 8 by 17.
+class HeadlessMeasurer : public TextMeasurer {
+ public:
+  explicit HeadlessMeasurer(int dpi = 96) : m_dpi(dpi) {}
+  Size Measure(std::string_view text, TextStyle style) const override;
+  int Dpi() const override { return m_dpi; }
+
+ private:
+  int m_dpi;
+};
 
 /// A user at one form that is shown: finds controls by name and uses them as hands would. Every action first checks
 /// that the control can be used (on a shown page, visible, enabled) and raises `std::logic_error` when it cannot.
@@ -47,13 +59,14 @@ class UserAtForm {
   void PressEscape() const;
   void PressSpace() const;
   void PressKey(const KeyPress& press) const;
-  /// Types into the control with the focus.
+  /// Types into the control with the focus, over the text it has, as after Tab; a drop-down list chooses the first item
+  /// that begins so.
   void TypeHere(std::string_view text) const;
   /// Alt and a letter: clicks the button with that access key, focuses or clicks another control with it.
   void PressAccessKey(char letter) const;
   /// The title bar's close box.
   void CloseBox() const;
-  /// Makes the client area that size and lays out again.
+  /// Makes the client area of a sizable form that size, or its least size, and lays out again.
   void Resize(Size client) const;
 
   /// The name of the control with the focus, "" for none.
@@ -61,12 +74,15 @@ class UserAtForm {
 
  private:
   [[noreturn]] void Missing(std::string_view name) const;
+  Control& Ready(std::string_view name) const;
+  Control& Focused() const;
+  void CheckShown() const;
   Form& m_form;
 };
 
 /// Answers every dialog and message of a test, by expectation, in order. A dialog that is not expected next, or one
-/// that is still shown after its part was played, is noted as a fault and closed; `Verify` tells the first fault, or the
-/// first expectation that was not met; "" when all went as expected.
+/// that is still shown after its part was played, is noted as a fault and closed; `Verify` tells the first fault, or
+/// the first expectation that was not met; "" when all went as expected.
 class ScriptedUser {
  public:
   /// Expects the form of that name and plays `part` while it is shown. The part has to end with the form hidden.
@@ -75,7 +91,8 @@ class ScriptedUser {
   void ExpectMessage(std::string_view text, MessageAnswer answer = MessageAnswer::Ok);
   /// Expects the error dialog `frmErrorMessage` and answers it by the button of that name ("btnAbort", ...).
   void ExpectErrorDialog(std::string_view button);
-  /// From now on answers every error dialog that is not expected next in that way, and counts them; "" ends that.
+  /// From now on answers every error dialog that is not expected next in that way; "" ends that. `ErrorTexts` counts
+  /// them. More than a thousand in a row are a fault and are then closed, so that a retry cannot go on for ever.
   void AnswerErrorDialogs(std::string_view button);
 
   std::string Verify() const;
@@ -87,18 +104,28 @@ class ScriptedUser {
 
  private:
   friend class HeadlessToolkit;
+  friend class HeadlessFormPeer;
   struct Expectation {
     std::string what;
     bool isMessage = false;
     std::function<void(UserAtForm&)> part;
     MessageAnswer answer = MessageAnswer::Ok;
   };
+  void Play(Form& form);
+  void CountBeep() { ++m_beeps; }
+  void PlayPart(Form& form, const std::function<void(UserAtForm&)>& part);
+  std::function<void(UserAtForm&)> NextPart(const Form& form);
+  MessageAnswer AnswerMessage(const Message& message);
+  void Fault(std::string text) { m_faults.push_back(std::move(text)); }
+  std::string NextExpected() const;
+
   std::vector<Expectation> m_expected;
   std::size_t m_next = 0;
   std::vector<std::string> m_faults;
   std::vector<Message> m_messages;
   std::vector<std::string> m_errorTexts;
   std::string m_errorAnswer;
+  int m_answeredErrors = 0;
   int m_beeps = 0;
 };
 
@@ -123,6 +150,7 @@ class MemoryRegistry : public Registry {
     std::string path;
     std::vector<std::pair<std::string, RegistryValue>> values;
   };
+  Key& Create(std::int32_t root, std::string_view path);
   Key* Find(std::int32_t root, std::string_view path);
   const Key* Find(std::int32_t root, std::string_view path) const;
   std::vector<Key> m_keys;
@@ -181,17 +209,21 @@ class HeadlessToolkit : public Toolkit {
   ScriptedUser user;
   int dpi = 96;
   Rect desktop{0, 0, 1920, 1080};
+  /// While true, no form tells or takes a placement.
+  bool refusesPlacement = false;
+  /// While not 0, making a form's peer raises this error number.
+  std::int32_t refusesPeer = 0;
   /// How many forms are being shown now, and how many peers of forms exist.
   int shown = 0;
   int formPeers = 0;
 
  private:
   friend class HeadlessFormPeer;
-  void Play(Form& form);
 };
 
 /// All seams without a screen, in one place, installed as the current platform for as long as it lives. Each test has
-/// its own.
+/// its own: in the end it takes itself, the text services and the module-level globals away again, and ends the program
+/// with a message when a form still has its peer, which would outlive its toolkit.
 class HeadlessPlatform {
  public:
   HeadlessPlatform();
