@@ -1,6 +1,6 @@
 #include "core/Convert.h"
 #include "core/Text.h"
-#include "tape/Quietly.h"
+#include "support/Quietly.h"
 #include "tape/RowData.h"
 #include "tape/SheetAddress.h"
 #include "tape/TypedText.h"

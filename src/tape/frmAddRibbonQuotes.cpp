@@ -1,8 +1,8 @@
 #include <algorithm>
 
 #include "core/Convert.h"
+#include "support/Quietly.h"
 #include "tape/FrozenGrid.h"
-#include "tape/Quietly.h"
 #include "tape/RowData.h"
 #include "tape/SheetAddress.h"
 #include "tape/frmAddRibbon.h"
@@ -31,7 +31,11 @@ void frmAddRibbon::OpredTotalOpt() {
 
 bool frmAddRibbon::CheckAddres(std::string_view Name) {
   Push("CheckAddres");
-  const bool isRange = Quietly([&] { Excel().Range(Name).Address(); });
+  bool isRange = false;
+  Quietly([&] {
+    Excel().Range(Name).Address();
+    isRange = true;
+  });
   Pop();
   return isRange;
 }
