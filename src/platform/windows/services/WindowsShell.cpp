@@ -1,6 +1,5 @@
 #include "platform/windows/services/WindowsShell.h"
 
-
 #include <array>
 
 #include "platform/windows/services/Handle.h"
