@@ -16,6 +16,7 @@
 // clang-format off: the automation headers need the basic one first
 #include <objbase.h>
 #include <oleauto.h>
+#include <shellapi.h>
 #include <olectl.h>
 #include <windows.h>
 // clang-format on
