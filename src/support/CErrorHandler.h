@@ -85,8 +85,10 @@ class CErrorHandler {
     std::size_t count;
   };
 
+  std::string RoutineName(std::string_view procedure) const;
   std::string FormatCallStack(std::size_t indent, bool includeParameters) const;
   std::string ComposeText(std::string_view routine) const;
+  ErrorAction Ask(std::int32_t wanted, const std::string& text);
   ErrorAction ShowDialog(const std::string& text);
   void Trace(std::string_view what, std::string_view procedure);
 
@@ -103,6 +105,7 @@ class CErrorHandler {
   bool m_runningOnNT = false;
   std::vector<Run> m_stack;
   std::size_t m_depth = 0;
+  int m_openReports = 0;
 };
 
 }  // namespace pellora

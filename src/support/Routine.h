@@ -29,7 +29,10 @@ class Steps {
   /// Runs a statement. `line` is the source line that is reported.
   template <class F>
   requires std::is_void_v<std::invoke_result_t<F&>>
-  void operator()(F&& statement, int line = __builtin_LINE()) { Run(BodyRef(statement), line); }
+  void operator()(F&& statement, int line = __builtin_LINE()) {
+    auto body = [&] { statement(); };
+    Run(BodyRef(body), line);
+  }
 
   /// Runs a statement that yields a value; passed over, it yields the value's default.
   template <class F>
@@ -55,25 +58,26 @@ class Routines {
   explicit Routines(std::string_view objectName) : m_objectName(objectName) {}
   ~Routines() = default;
 
-  /// A routine without a result: `body(Steps&)`.
+  /// A routine without a result: `body(Steps&)`. A failure outside of any step is reported with `line`; retry runs the
+  /// whole body again, ignore ends the routine as if it had finished.
   template <class Body>
-  void routine(std::string_view name, Body&& body) const {
+  void routine(std::string_view name, Body&& body, int line = __builtin_LINE()) const {
     auto run = [&] {
       Steps step;
       body(step);
     };
-    RunRoutine(name, BodyRef(run), __builtin_LINE());
+    RunRoutine(name, BodyRef(run), line);
   }
 
   /// A routine with a result: `body(Steps&, Result&)` fills it in; abandoned, it answers the default.
   template <class Result, class Body>
-  Result routine(std::string_view name, Body&& body) const {
+  Result routine(std::string_view name, Body&& body, int line = __builtin_LINE()) const {
     Result result{};
     auto run = [&] {
       Steps step;
       body(step, result);
     };
-    return RunRoutine(name, BodyRef(run), __builtin_LINE()) ? result : Result{};
+    return RunRoutine(name, BodyRef(run), line) ? result : Result{};
   }
 
   /// Puts a routine's entry on the call stack, and takes the top entry off it, for the few routines that keep to a
