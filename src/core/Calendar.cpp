@@ -36,7 +36,9 @@ Split SplitDays(double value) {
 }  // namespace
 
 bool IsDate(CalendarDate date) {
-  return date.year >= 100 && date.year <= 9999 && date.month >= 1 && date.day >= 1 && ToChrono(date).ok();
+  // The calendar's types keep months and days in a byte, so the ranges are tested before.
+  return date.year >= 100 && date.year <= 9999 && date.month >= 1 && date.month <= 12 && date.day >= 1 &&
+         date.day <= 31 && ToChrono(date).ok();
 }
 
 double DaysFromDate(CalendarDate date) { return static_cast<double>((sys_days(ToChrono(date)) - kEpoch).count()); }

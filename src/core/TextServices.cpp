@@ -75,13 +75,10 @@ class Portable final : public TextServices {
     if (value == 0) return "0";
     // Fifteen significant digits, exponent form for very large and very small values, as automation writes them.
     std::array<char, 64> buffer{};
-    const double size = std::fabs(value);
-    const bool plain = size >= 1e-4 && size < 1e15;
     const auto result =
         std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::general, 15);
     std::string text(buffer.data(), result.ptr);
-    if (!plain)
-      if (const auto e = text.find('e'); e != std::string::npos) text[e] = 'E';
+    if (const auto e = text.find('e'); e != std::string::npos) text[e] = 'E';
     return text;
   }
 
@@ -102,9 +99,10 @@ class Portable final : public TextServices {
   }
 
   std::string DateText(double days) const override {
-    const bool hasTime = days != std::floor(days);
-    if (std::floor(days) == 0 && hasTime) return LongTime(days);
-    return hasTime ? ShortDate(days) + " " + LongTime(days) : ShortDate(days);
+    // Day 0 has no date text of its own: such a value is a time of day.
+    const double day = std::trunc(days);
+    if (day == 0) return LongTime(days);
+    return days != day ? ShortDate(days) + " " + LongTime(days) : ShortDate(days);
   }
 
   std::string ShortDate(double days) const override {
