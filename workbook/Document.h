@@ -55,13 +55,21 @@ struct Sheet {
   std::string name;
   std::map<CellPlace, Cell> cells;
   std::map<int, double> columnWidths;
+
+  /// The cell to write to, made when it is not there.
+  Cell& At(CellPlace place) { return cells[place]; }
+  /// The cell, or null when it was never touched.
+  const Cell* Find(CellPlace place) const;
 };
+
+/// The width of a column that nobody has set, in characters.
+inline constexpr double kStandardColumnWidth = 8.43;
 
 /// The content of a workbook: sheets in order, names, the active sheet. Plain data; the meaning of addresses and
 /// formulas is in the object model (Host).
 class Document {
  public:
-  std::vector<std::unique_ptr<Sheet>> sheets;
+  std::vector<std::shared_ptr<Sheet>> sheets;
   /// Workbook names with what they refer to, for instance "TWS_Symbol" -> "TWS_Quotes!$A:$A". Case apart.
   std::vector<std::pair<std::string, std::string>> names;
   std::size_t active = 0;
@@ -70,7 +78,10 @@ class Document {
   Sheet& AddSheet(std::string_view name);
   /// The sheet of that name, letter case apart, or null.
   Sheet* FindSheet(std::string_view name);
+  /// Adds a workbook name or gives an existing one a new meaning.
   void AddName(std::string_view name, std::string_view refersTo);
+  /// What a workbook name refers to, or null.
+  const std::string* FindName(std::string_view name) const;
 
   /// Short ways for tests: `address` is a plain cell address such as "B5"; the sheet must exist.
   /// Sets a value as is (no reading as if typed); a text beginning with "=" is a formula.

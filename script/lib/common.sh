@@ -1,0 +1,54 @@
+# Shared by the scripts; to be sourced. Sets the strict mode, `root` and the current folder, and gives a few verbs.
+set -euo pipefail
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
+cd "$root"
+logs=$root/build/logs
+mkdir -p "$logs"
+
+say() { printf '%s\n' "$*"; }
+fail() {
+  printf '%s: %s\n' "script/${0##*/}" "$*" >&2
+  exit 1
+}
+
+# Commands to run at the end, last one first, however the script ends.
+_at_exit=()
+at_exit() { _at_exit=("$*" "${_at_exit[@]}"); }
+_run_at_exit() {
+  local status=$? command
+  for command in "${_at_exit[@]}"; do eval "$command" || true; done
+  return "$status"
+}
+trap _run_at_exit EXIT
+trap 'exit 130' INT
+trap 'exit 143' TERM
+
+# quietly LOG COMMAND...: runs the command with its output in build/logs/LOG.log; shows the end of it when it fails.
+quietly() {
+  local log=$logs/$1.log status=0
+  shift
+  "$@" </dev/null >"$log" 2>&1 || status=$?
+  if (( status != 0 )); then
+    tail -n 40 "$log" >&2
+    printf 'failed (%s): %s\nthe whole output: %s\n' "$status" "$*" "${log#"$root"/}" >&2
+  fi
+  return "$status"
+}
+
+# until_true SECONDS COMMAND...: polls until the command succeeds; fails when the time is over.
+until_true() {
+  local end=$(( SECONDS + $1 ))
+  shift
+  until "$@" >/dev/null 2>&1; do
+    (( SECONDS < end )) || return 1
+    sleep 0.05
+  done
+}
+
+# build PRESET [TARGET...]: configures the preset and builds the targets, or all.
+build() {
+  local preset=$1
+  shift
+  quietly "configure-$preset" cmake --preset "$preset" || return 1
+  quietly "build-$preset" cmake --build --preset "$preset" ${1:+--target "$@"}
+}

@@ -1,0 +1,22 @@
+# A virtual display of one's own; to be sourced after common.sh.
+
+# start_display [WIDTHxHEIGHT]: starts Xvfb on a free display number, exports DISPLAY, stops it at the end.
+start_display() {
+  local size=${1:-1600x1200} number_file=$logs/display.$$
+  # Xvfb itself finds the free number and says which it took.
+  Xvfb -displayfd 3 -screen 0 "${size}x24" -nolisten tcp -noreset 3>"$number_file" >/dev/null 2>"$logs/xvfb.log" &
+  display_pid=$!
+  at_exit "stop_display"
+  until_true 10 test -s "$number_file" || fail "the virtual display did not start: $(<"$logs/xvfb.log")"
+  export DISPLAY=:$(<"$number_file")
+  rm -f "$number_file"
+  # Wine looks for a session's files here when it finds them; the virtual display has none.
+  unset XAUTHORITY WAYLAND_DISPLAY
+}
+
+stop_display() {
+  [[ -n ${display_pid:-} ]] || return 0
+  kill "$display_pid" 2>/dev/null || true
+  wait "$display_pid" 2>/dev/null || true
+  display_pid=
+}

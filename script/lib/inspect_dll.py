@@ -1,0 +1,52 @@
+"""Inspects a built DLL without running it: one line "ok ..." or "not ok ..." a fact.
+
+    inspect_dll.py FILE MACHINE        MACHINE is x86-64 or i386
+"""
+
+import re
+import subprocess
+import sys
+
+MACHINES = {"x86-64": "pei-x86-64", "i386": "pei-i386"}
+
+# What a Windows installation brings along. The compiler's run time is not among it.
+SYSTEM = {
+    "advapi32.dll", "comctl32.dll", "gdi32.dll", "kernel32.dll", "msvcrt.dll", "ole32.dll", "oleaut32.dll",
+    "shell32.dll", "user32.dll", "uxtheme.dll", "version.dll", "dwmapi.dll", "shlwapi.dll", "comdlg32.dll",
+}
+
+DOORS = ("DllCanUnloadNow", "DllGetClassObject", "DllRegisterServer", "DllUnregisterServer")
+
+_failed = 0
+
+
+def check(holds, fact, found=""):
+    global _failed
+    _failed += not holds
+    print(("ok " if holds else "not ok ") + fact + (f" ({found})" if found and not holds else ""))
+
+
+def main():
+    path, machine = sys.argv[1:]
+    dump = subprocess.run(
+        ["x86_64-w64-mingw32-objdump", "-p", path], stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True
+    ).stdout
+    check(f"file format {MACHINES[machine]}" in dump, f"is a {machine} image")
+    imports = {name.lower() for name in re.findall(r"DLL Name: (\S+)", dump)}
+    check(imports and imports <= SYSTEM, "imports system DLLs only", ", ".join(sorted(imports - SYSTEM)))
+    exports = re.findall(r"^\s*\[\s*\d+\]\s+(?:\+base\[\s*\d+\]\s+[0-9a-f]+\s+)?(\S+)$", dump, re.MULTILINE)
+    check(sorted(exports) == sorted(DOORS), "exports the four doors of a server and no more", ", ".join(exports))
+    with open(path, "rb") as file:
+        content = file.read()
+    check("TYPELIB".encode("utf-16-le") in content and b"MSFT\x02\x00\x01\x00" in content, "carries its type library")
+    check("VS_VERSION_INFO".encode("utf-16-le") in content, "carries its version")
+    check(b"Microsoft.Windows.Common-Controls" in content, "carries the manifest of the common controls")
+    return 1 if _failed else 0
+
+
+if __name__ == "__main__":
+    try:
+        sys.exit(main())
+    except OSError as error:
+        print(f"not ok {sys.argv[1]} is there ({error.strerror})")
+        sys.exit(1)

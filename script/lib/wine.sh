@@ -1,0 +1,84 @@
+# Wine in a prefix of its own; to be sourced after common.sh.
+
+# start_wine [NAME]: prepares the environment of the private prefix build/wine-NAME, makes the prefix when it is not
+# there yet, and keeps its server running until the script ends.
+start_wine() {
+  export WINEPREFIX=$root/build/wine${1:+-$1} WINEDEBUG=-all WINEARCH=win64
+  # No .NET, no HTML engine, and no debugger: after a crash it would wait for somebody to look.
+  export WINEDLLOVERRIDES="mscoree=;mshtml=;winedbg.exe="
+  command -v wine >/dev/null || fail "Wine is not installed"
+  at_exit "stop_wine"
+  # The programs of a warm server start in a tenth of a second. Its output is closed, or whoever reads ours waits for
+  # the server's end.
+  wineserver -p60 </dev/null >/dev/null 2>&1 || true
+  if [[ ! -f $WINEPREFIX/.prepared ]]; then
+    timeout -k 5 120 wineboot -i </dev/null >"$logs/wineboot.log" 2>&1 || fail "the Wine prefix could not be made"
+    _prepare_prefix
+    touch "$WINEPREFIX/.prepared"
+  fi
+  run_wine 60 cmd /c exit
+}
+
+stop_wine() {
+  [[ -n ${WINEPREFIX:-} ]] || return 0
+  timeout -k 1 10 wineserver -k </dev/null >/dev/null 2>&1 || true
+}
+
+# run_wine SECONDS PROGRAM...: runs a Windows program with a time limit. Ends with the program's code, or 124.
+run_wine() {
+  local seconds=$1
+  shift
+  timeout -k 5 "$seconds" wine "$@" </dev/null
+}
+
+# set_user_value KEY NAME TYPE DATA: writes below HKEY_CURRENT_USER.
+set_user_value() {
+  run_wine 30 reg add "HKCU\\$1" /v "$2" /t "$3" /d "$4" /f >/dev/null
+}
+
+# set_dpi DOTS_PER_INCH: what programs started from now on find as the display's scale.
+set_dpi() {
+  set_user_value 'Control Panel\Desktop' LogPixels REG_DWORD "$1"
+}
+
+# register DLL...: registers the servers, by Unix path.
+register() {
+  local library
+  for library; do
+    run_wine 60 regsvr32 /s "$(windows_path "$library")" || fail "${library#"$root"/} could not be registered"
+  done
+}
+
+# windows_path PATH: the path as Windows programs name it.
+windows_path() {
+  local path
+  path=$(realpath -m "$1")
+  printf 'Z:%s' "${path//\//\\}"
+}
+
+_prepare_prefix() {
+  # Windows draw their own captions and take the focus at once: the same with and without a window manager.
+  set_user_value 'Software\Wine\X11 Driver' Managed REG_SZ N
+  # Debian's Wine does not find its own symbol font, with which the buttons of a caption are drawn.
+  cp /usr/share/wine/fonts/marlett.ttf "$WINEPREFIX/drive_c/windows/Fonts/"
+  # The platform's dialog font and size of today, as near as a free font comes, smoothed without colours.
+  local font="DejaVu Sans Condensed" name
+  for name in "MS Shell Dlg" "MS Shell Dlg 2" "Segoe UI" "Tahoma"; do
+    run_wine 30 reg add 'HKLM\Software\Microsoft\Windows NT\CurrentVersion\FontSubstitutes' \
+      /v "$name" /t REG_SZ /d "$font" /f >/dev/null
+  done
+  for name in CaptionFont IconFont MenuFont MessageFont SmCaptionFont StatusFont; do
+    set_user_value 'Control Panel\Desktop\WindowMetrics' "$name" REG_BINARY "$(_font_record -12 "$font")"
+  done
+  set_user_value 'Control Panel\Desktop' FontSmoothing REG_SZ 2
+  set_user_value 'Control Panel\Desktop' FontSmoothingType REG_DWORD 1
+}
+
+# _font_record HEIGHT NAME: a LOGFONTW in hexadecimal digits, as the registry keeps the fonts of windows.
+_font_record() {
+  python3 - "$1" "$2" <<'PYTHON'
+import struct, sys
+name = sys.argv[2].encode("utf-16-le")[:62]
+print((struct.pack("<5i8B", int(sys.argv[1]), 0, 0, 0, 400, 0, 0, 0, 1, 0, 0, 0, 0x22) + name.ljust(64, b"\0")).hex())
+PYTHON
+}

@@ -1,0 +1,374 @@
+#include "automation/cPellora.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+
+#include "core/Error.h"
+#include "forms/CheckBox.h"
+#include "forms/ComboBox.h"
+#include "forms/TextBox.h"
+#include "platform/headless/Headless.h"
+#include "support/CAppSettings.h"
+#include "support/CErrorHandler.h"
+#include "support/mGlobal.h"
+#include "workbook/Host.h"
+
+namespace pellora {
+namespace {
+
+using headless::HeadlessPlatform;
+using headless::UserAtForm;
+
+// An object with the members it is told, and nothing behind them.
+class Answering : public Dispatch {
+ public:
+  explicit Answering(std::string missing) : m_missing(std::move(missing)) {}
+  Variant Invoke(std::string_view, CallKind, std::span<const Variant>) override { return {}; }
+  bool Has(std::string_view name) override { return name != m_missing; }
+
+ private:
+  std::string m_missing;
+};
+
+Error Caught(const std::function<void()>& act) {
+  try {
+    act();
+  } catch (const Error& error) {
+    return error;
+  }
+  return Error(0, "", "nothing was raised");
+}
+
+void ExpectComponentFailure(const std::function<void()>& act, const std::string& source) {
+  const Error error = Caught(act);
+  EXPECT_EQ(error.Number(), -2147221404);
+  EXPECT_EQ(error.Source(), source);
+  EXPECT_EQ(error.Description(), "cPellora component failure");
+}
+
+constexpr QuoteFields kJunkFields{7, 7, 7, 7, 7, 7, 7, 7, 7, 7};
+
+ContractRecord JunkContract(std::int16_t type = 0) {
+  return {"junk", "junk", "junk", 7, "junk", 7, "junk", "junk", "junk", type};
+}
+
+class cPelloraTest : public testing::Test {
+ protected:
+  ~cPelloraTest() override { EXPECT_EQ(platform.user().Verify(), ""); }
+
+  void AtForm(std::string_view name, std::function<void(UserAtForm&)> part) {
+    platform.user().ExpectForm(name, std::move(part));
+  }
+
+  HeadlessPlatform platform;
+};
+
+TEST_F(cPelloraTest, CreatingItMakesTheSharedServicesWithTheirSettings) {
+  cPellora object;
+  ASSERT_TRUE(mGlobal::ErrorHandler);
+  EXPECT_EQ(mGlobal::ErrorHandler->ErrorHandlerActions(), 8);
+  EXPECT_EQ(mGlobal::ErrorHandler->ErrorLogFile(), "Error Log.txt");
+  EXPECT_TRUE(mGlobal::ErrorHandler->CallStackEnabled());
+  EXPECT_FALSE(mGlobal::ErrorHandler->TracingEnabled());
+  EXPECT_EQ(mGlobal::ErrorHandler->TracingFlags(), 2);
+  EXPECT_EQ(mGlobal::ErrorHandler->TracingLogFile(), "Tracing Log.txt");
+  EXPECT_EQ(mGlobal::ErrorHandler->SupportMail(), "");
+  ASSERT_TRUE(mGlobal::AppSettings);
+  EXPECT_EQ(mGlobal::AppSettings->CompanyName(), "CORVANE");
+  EXPECT_EQ(mGlobal::AppSettings->AppName(), "Vantix");
+}
+
+TEST_F(cPelloraTest, ReleasingItReleasesTheSharedServices) {
+  { cPellora object; }
+  EXPECT_FALSE(mGlobal::ErrorHandler);
+  EXPECT_FALSE(mGlobal::AppSettings);
+}
+
+TEST_F(cPelloraTest, ASecondObjectReplacesTheSharedServices) {
+  cPellora first;
+  const auto* handler = mGlobal::ErrorHandler.get();
+  cPellora second;
+  EXPECT_NE(mGlobal::ErrorHandler.get(), handler);
+}
+
+TEST_F(cPelloraTest, AnObjectWorksOnAfterALaterOneWasReleased) {
+  cPellora first;
+  { cPellora second; }
+  AtForm("frmNewProject", [](UserAtForm& user) { user.Click("ButCancel"); });
+  QuoteFields fields;
+  EXPECT_FALSE(first.CreateNewProject(fields));
+  EXPECT_TRUE(mGlobal::ErrorHandler);
+}
+
+TEST_F(cPelloraTest, ReplacingAnObjectKeepsTheNewOnesServices) {
+  auto object = std::make_unique<cPellora>();
+  object = std::make_unique<cPellora>();
+  EXPECT_TRUE(mGlobal::ErrorHandler);
+}
+
+TEST_F(cPelloraTest, ExcelApplicationAcceptsWhateverAnswersTheMembersInUse) {
+  cPellora object;
+  const DispatchPtr application = std::make_shared<Answering>("");
+  object.ExcelApplication(Variant(application));
+  EXPECT_EQ(object.ExcelApplication(), application);
+  EXPECT_EQ(object.m_ObjExcelApplication(), application);
+}
+
+TEST_F(cPelloraTest, TheFieldAndThePropertyAreTheSame) {
+  cPellora object;
+  const DispatchPtr application = std::make_shared<Answering>("");
+  object.m_ObjExcelApplication(Variant(application));
+  EXPECT_EQ(object.ExcelApplication(), application);
+}
+
+TEST_F(cPelloraTest, ExcelApplicationCanBeSetToNothing) {
+  cPellora object;
+  object.ExcelApplication(Variant(DispatchPtr(std::make_shared<Answering>(""))));
+  object.ExcelApplication(Variant(DispatchPtr()));
+  EXPECT_EQ(object.ExcelApplication(), nullptr);
+}
+
+TEST_F(cPelloraTest, AnythingElseAsApplicationIsTypeMismatchAndKeepsTheOldOne) {
+  cPellora object;
+  const DispatchPtr application = std::make_shared<Answering>("");
+  object.ExcelApplication(Variant(application));
+  for (const char* member :
+       {"Range", "Intersect", "Columns", "ActiveSheet", "ActiveWorkbook", "Worksheets", "ScreenUpdating"})
+    EXPECT_EQ(
+        Caught([&] { object.ExcelApplication(Variant(DispatchPtr(std::make_shared<Answering>(member)))); }).Number(),
+        13)
+        << member;
+  for (const Variant& value : {Variant(), Variant::Null(), Variant("Excel"), Variant(5), Variant::Missing()})
+    EXPECT_EQ(Caught([&] { object.ExcelApplication(value); }).Number(), 13);
+  EXPECT_EQ(object.ExcelApplication(), application);
+}
+
+TEST_F(cPelloraTest, RefEditInputsBeforeTheTapeDialogExistsFailsAsItIs) {
+  cPellora object;
+  EXPECT_EQ(Caught([&] { object.RefEditInputs(); }).Number(), 91);
+  EXPECT_EQ(Caught([&] { object.RefEditInputs("Desk!B3"); }).Number(), 91);
+}
+
+TEST_F(cPelloraTest, UnloadfrmMasterBeforeAnyShowingDoesNothing) {
+  cPellora object;
+  EXPECT_NO_THROW(object.UnloadfrmMaster());
+}
+
+TEST_F(cPelloraTest, WithoutAPlatformTheMethodsRaiseTheClassesError) {
+  cPellora object;
+  mGlobal::InstallPlatform(nullptr);
+  QuoteFields fields;
+  ContractRecord contract;
+  ExpectComponentFailure([&] { object.CreateNewProject(fields); }, "Pellora.cPellora.CreateNewProject");
+  ExpectComponentFailure([&] { object.AddNewSymbol(contract); }, "Pellora.cPellora.AddNewSymbol");
+  ExpectComponentFailure([&] { object.ShowRefEditInterface(); }, "Pellora.cPellora.ShowRefEditInterface");
+  mGlobal::InstallPlatform(&platform.platform);
+}
+
+TEST_F(cPelloraTest, FailingInitialisationIsRaisedToTheCreator) {
+  mGlobal::InstallPlatform(nullptr);
+  ExpectComponentFailure([&] { cPellora object; }, "Pellora.cPellora.Class_Initialize");
+  mGlobal::InstallPlatform(&platform.platform);
+}
+
+TEST_F(cPelloraTest, ACallWhileADialogIsOpenIsRefusedAndTheDialogGoesOn) {
+  cPellora object;
+  AtForm("frmNewProject", [&](UserAtForm& user) {
+    QuoteFields fields;
+    ExpectComponentFailure([&] { object.CreateNewProject(fields); }, "Pellora.cPellora.CreateNewProject");
+    ExpectComponentFailure([&] { object.UnloadfrmMaster(); }, "Pellora.cPellora.UnloadfrmMaster");
+    user.Click("chkVolume");
+    user.Click("ButCreateProject");
+  });
+  QuoteFields fields;
+  EXPECT_TRUE(object.CreateNewProject(fields));
+}
+
+TEST_F(cPelloraTest, CreateNewProjectCancelledLeavesTheArgumentsAlone) {
+  cPellora object;
+  QuoteFields fields = kJunkFields;
+  AtForm("frmNewProject", [](UserAtForm& user) {
+    user.Click("chkVolume");
+    user.Click("ButCancel");
+  });
+  EXPECT_FALSE(object.CreateNewProject(fields));
+  EXPECT_EQ(fields, kJunkFields);
+}
+
+TEST_F(cPelloraTest, CreateNewProjectClosedByTheTitleBarLeavesTheArgumentsAlone) {
+  cPellora object;
+  QuoteFields fields = kJunkFields;
+  AtForm("frmNewProject", [](UserAtForm& user) { user.CloseBox(); });
+  EXPECT_FALSE(object.CreateNewProject(fields));
+  EXPECT_EQ(fields, kJunkFields);
+}
+
+TEST_F(cPelloraTest, CreateNewProjectWithOnlyVolumeTicked) {
+  cPellora object;
+  QuoteFields fields = kJunkFields;
+  AtForm("frmNewProject", [](UserAtForm& user) {
+    user.Click("chkVolume");
+    user.Click("ButCreateProject");
+  });
+  EXPECT_TRUE(object.CreateNewProject(fields));
+  QuoteFields expected;
+  expected.Volume = 1;
+  EXPECT_EQ(fields, expected);
+}
+
+struct BoxField {
+  const char* box;
+  std::int16_t QuoteFields::*field;
+};
+
+class EachQuoteField : public cPelloraTest, public testing::WithParamInterface<BoxField> {};
+
+TEST_P(EachQuoteField, ComesFromItsOwnBox) {
+  cPellora object;
+  QuoteFields fields = kJunkFields;
+  AtForm("frmNewProject", [](UserAtForm& user) {
+    user.Click(GetParam().box);
+    user.Click("ButCreateProject");
+  });
+  EXPECT_TRUE(object.CreateNewProject(fields));
+  QuoteFields expected;
+  expected.*GetParam().field = 1;
+  EXPECT_EQ(fields, expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Boxes, EachQuoteField,
+    testing::Values(BoxField{"chkAskPrice", &QuoteFields::AskPrice}, BoxField{"chkAskSize", &QuoteFields::AskSize},
+                    BoxField{"chkBidPrice", &QuoteFields::BidPrice}, BoxField{"chkBidSize", &QuoteFields::BidSize},
+                    BoxField{"chkClose", &QuoteFields::ClosePrice}, BoxField{"chkHigh", &QuoteFields::HighTick},
+                    BoxField{"chkLastPrice", &QuoteFields::LastPrice}, BoxField{"chkLastSize", &QuoteFields::LastSize},
+                    BoxField{"chkLow", &QuoteFields::LowTick}, BoxField{"chkVolume", &QuoteFields::Volume}),
+    [](const auto& info) { return std::string(info.param.box); });
+
+TEST_F(cPelloraTest, AddNewSymbolCancelledClearsAllButTheType) {
+  cPellora object;
+  ContractRecord contract = JunkContract(3);
+  AtForm("frmAddTicker", [](UserAtForm& user) {
+    user.Type("txtINDSymbol", "XYZ");
+    user.Click("ButCancel");
+  });
+  EXPECT_EQ(object.AddNewSymbol(contract), 2);
+  EXPECT_EQ(contract, (ContractRecord{"", "", "", 0, "", 0, "", "", "", 3}));
+}
+
+TEST_F(cPelloraTest, AddNewSymbolClosedByTheTitleBarIsCancelled) {
+  cPellora object;
+  ContractRecord contract = JunkContract(5);
+  AtForm("frmAddTicker", [](UserAtForm& user) { user.CloseBox(); });
+  EXPECT_EQ(object.AddNewSymbol(contract), 2);
+  EXPECT_EQ(contract, (ContractRecord{"", "", "", 0, "", 0, "", "", "", 5}));
+}
+
+TEST_F(cPelloraTest, AddNewSymbolForAnOptionHasNoStrikeThoughItsTypeNeedsOne) {
+  cPellora object;
+  ContractRecord contract = JunkContract(1);
+  AtForm("frmAddTicker", [](UserAtForm& user) {
+    user.Type("txtOPTSymbol", "XYZ");
+    user.Type("txtOPTExpiry", "200806");
+    user.Type("txtOPTMultiplier", "12.5");
+    user.Choose("ComOPTRight", "CALL");
+    user.Click("ButInsert");
+  });
+  EXPECT_EQ(object.AddNewSymbol(contract), 1);
+  EXPECT_EQ(contract, (ContractRecord{"XYZ", "OPT", "200806", 0, "CALL", 12.5, "SMART", "", "USD", 1}));
+}
+
+TEST_F(cPelloraTest, AddNewSymbolForAStockHasAPrimaryExchangeAndNoMultiplier) {
+  cPellora object;
+  ContractRecord contract = JunkContract(0);
+  AtForm("frmAddTicker", [](UserAtForm& user) {
+    user.Type("txtSTKSymbol", "XYZ");
+    user.Click("ButInsert");
+  });
+  EXPECT_EQ(object.AddNewSymbol(contract), 1);
+  EXPECT_EQ(contract, (ContractRecord{"XYZ", "STK", "", 0, "", 0, "SMART", "SUPERSOES", "USD", 0}));
+}
+
+TEST_F(cPelloraTest, AddNewSymbolForFuturesFillsExpiryAndMultiplier) {
+  cPellora object;
+  ContractRecord contract = JunkContract(2);
+  AtForm("frmAddTicker", [](UserAtForm& user) {
+    user.Type("txtFUTSymbol", "XY");
+    user.Type("txtFUTExpiry", "Dec07");
+    user.Click("ButInsert");
+  });
+  EXPECT_EQ(object.AddNewSymbol(contract), 1);
+  EXPECT_EQ(contract, (ContractRecord{"XY", "FUT", "Dec07", 0, "", 100, "LIFFE", "", "USD", 2}));
+}
+
+TEST_F(cPelloraTest, AddNewSymbolForAFuturesOptionHasARightAndNoMultiplier) {
+  cPellora object;
+  ContractRecord contract = JunkContract(4);
+  AtForm("frmAddTicker", [](UserAtForm& user) {
+    user.Type("txtFOPSymbol", "XY");
+    user.Click("ButInsert");
+  });
+  EXPECT_EQ(object.AddNewSymbol(contract), 1);
+  EXPECT_EQ(contract, (ContractRecord{"XY", "FOP", "200801", 0, "PUT", 0, "SMART", "", "USD", 4}));
+}
+
+TEST_F(cPelloraTest, AddNewSymbolInsertAndNewAnswersFourAndTheNextCallPreselectsTheType) {
+  cPellora object;
+  ContractRecord contract = JunkContract(0);
+  AtForm("frmAddTicker", [](UserAtForm& user) {
+    user.Choose("ComType", "Cash");
+    user.Type("txtCASHSymbol", "EUR");
+    user.Click("ButInsertNew");
+  });
+  EXPECT_EQ(object.AddNewSymbol(contract), 4);
+  EXPECT_EQ(contract, (ContractRecord{"EUR", "CASH", "", 0, "", 0, "IDEAL", "", "USD", 5}));
+
+  std::string preselected;
+  AtForm("frmAddTicker", [&](UserAtForm& user) {
+    preselected = user.Get<ComboBox>("ComType").Text();
+    user.Click("ButCancel");
+  });
+  EXPECT_EQ(object.AddNewSymbol(contract), 2);
+  EXPECT_EQ(preselected, "Cash");
+}
+
+TEST_F(cPelloraTest, TheTapeDialogIsKeptBetweenShowingsAndReleasedByUnloadfrmMaster) {
+  workbook::Host host;
+  cPellora object;
+  object.ExcelApplication(Variant(host.Application()));
+  platform.user().AnswerErrorDialogs("btnIgnore");
+
+  Form* first = nullptr;
+  AtForm("frmAddRibbon", [&](UserAtForm& user) {
+    first = &user.form();
+    user.CloseBox();
+  });
+  EXPECT_EQ(object.ShowRefEditInterface(), "CLOSE");
+  Form* second = nullptr;
+  AtForm("frmAddRibbon", [&](UserAtForm& user) {
+    second = &user.form();
+    user.Click("ButCancel");
+  });
+  EXPECT_EQ(object.ShowRefEditInterface(), "CLOSE");
+  EXPECT_EQ(first, second);
+
+  object.UnloadfrmMaster();
+  EXPECT_EQ(Caught([&] { object.RefEditInputs(); }).Number(), 91);
+  EXPECT_EQ(platform.toolkit.formPeers, 0);
+}
+
+TEST_F(cPelloraTest, RefEditInputsReachTheTapeDialog) {
+  workbook::Host host;
+  cPellora object;
+  object.ExcelApplication(Variant(host.Application()));
+  platform.user().AnswerErrorDialogs("btnIgnore");
+  AtForm("frmAddRibbon", [&](UserAtForm& user) { user.CloseBox(); });
+  object.ShowRefEditInterface();
+  object.RefEditInputs("Sheet1!B3");
+  EXPECT_EQ(object.RefEditInputs(), "Sheet1!B3");
+}
+
+}  // namespace
+}  // namespace pellora

@@ -1,0 +1,184 @@
+#include "workbook/Objects.h"
+
+#include <array>
+
+#include "workbook/RangeObject.h"
+
+namespace pellora::workbook {
+namespace {
+
+std::string FileName(const Host::State& state) {
+  if (state.path.empty()) return "Book1";
+  return state.path.substr(state.path.find_last_of("/\\") + 1);
+}
+
+Variant SheetsMember(const StatePtr& state, const Arguments& a) {
+  if (!a.Has(0)) return Wrap(std::make_shared<WorksheetsObject>(state));
+  return WrapWorksheet(state, FindSheet(*state, a.At(0)));
+}
+
+Variant AddSheet(const StatePtr& state, std::string name) {
+  Document& document = state->document;
+  for (int number = 1; name.empty(); ++number)
+    if (!document.FindSheet("Sheet" + std::to_string(number))) name = "Sheet" + std::to_string(number);
+  if (document.FindSheet(name)) Refuse("That name is already taken. Try a different one.");
+  document.AddSheet(name);
+  document.active = document.sheets.size() - 1;
+  return WrapWorksheet(state, document.sheets.back());
+}
+
+void Rename(Host::State& state, Sheet& sheet, const std::string& name) {
+  constexpr std::size_t kLongestName = 31;
+  const bool bad = name.empty() || ToUtf16(name).size() > kLongestName ||
+                   name.find_first_of("\\/?*[]:") != std::string::npos || name.front() == '\'' || name.back() == '\'';
+  const Sheet* other = state.document.FindSheet(name);
+  if (bad || (other && other != &sheet)) Refuse();
+  sheet.name = name;
+}
+
+Variant Selected(const StatePtr& state) {
+  const auto& sheet = state->ActiveSheet();
+  const auto hit = state->selections.find(sheet.get());
+  return WrapRange(state, {sheet, hit == state->selections.end() ? std::vector<Area>{Area{}} : hit->second});
+}
+
+Variant CallsOf(const Host::State& state, const std::string& member) {
+  std::uint64_t count = 0;
+  for (const auto& [name, calls] : state.callsByMember)
+    if (EqualAsciiNoCase(name, member)) count = calls;
+  return static_cast<double>(count);
+}
+
+using A = const Arguments&;
+using App = ApplicationObject;
+
+constexpr std::array kApplication = {
+    Member<App>{"Range", 1, 2, [](App& o, A a) { return RangeFrom(o.statePtr(), o.state().ActiveSheet(), a, false); }},
+    Member<App>{"Intersect", 2, 30, [](App&, A a) { return IntersectRanges(a); }},
+    Member<App>{"Union", 2, 30, [](App&, A a) { return UniteRanges(a); }},
+    Member<App>{"Cells", 0, 2, [](App& o, A a) { return CellsOf(*WholeSheet(o.statePtr(), o.state().ActiveSheet()), a); }},
+    Member<App>{"Columns", 0, 1,
+                [](App& o, A a) {
+                  return LinesOf(*WholeSheet(o.statePtr(), o.state().ActiveSheet()), RangeUnit::Columns, a);
+                }},
+    Member<App>{"Rows", 0, 1,
+                [](App& o, A a) {
+                  return LinesOf(*WholeSheet(o.statePtr(), o.state().ActiveSheet()), RangeUnit::Rows, a);
+                }},
+    Member<App>{"ActiveSheet", 0, 0, [](App& o, A) { return WrapWorksheet(o.statePtr(), o.state().ActiveSheet()); }},
+    Member<App>{"ActiveWorkbook", 0, 0, [](App& o, A) { return WrapWorkbook(o.statePtr()); }},
+    Member<App>{"Worksheets", 0, 1, [](App& o, A a) { return SheetsMember(o.statePtr(), a); }},
+    Member<App>{"Sheets", 0, 1, [](App& o, A a) { return SheetsMember(o.statePtr(), a); }},
+    Member<App>{"ScreenUpdating", 0, 0, [](App& o, A) { return Variant(o.state().screenUpdating); },
+                [](App& o, A a) { o.state().screenUpdating = ToBoolean(a.Last()); }},
+    Member<App>{"Selection", 0, 0, [](App& o, A) { return Selected(o.statePtr()); }},
+    Member<App>{"Name", 0, 0, [](App&, A) { return Variant("Pellora embedded workbook"); }},
+    Member<App>{"Application", 0, 0, [](App& o, A) { return WrapApplication(o.statePtr()); }},
+    Member<App>{"Parent", 0, 0, [](App& o, A) { return WrapApplication(o.statePtr()); }},
+    Member<App>{"Open", 1, 1, [](App& o, A a) { return o.state().Open(a.Text(0)), WrapWorkbook(o.statePtr()); }},
+    Member<App>{"Save", 1, 1, [](App& o, A a) { return o.state().Save(a.Text(0)), Variant(); }},
+    Member<App>{"SaveAs", 1, 1, [](App& o, A a) { return o.state().Save(a.Text(0)), Variant(); }},
+    Member<App>{"CallCount", 0, 0, [](App& o, A) { return Variant(static_cast<double>(o.state().calls)); }},
+    Member<App>{"Calls", 1, 1, [](App& o, A a) { return CallsOf(o.state(), a.Text(0)); }},
+    Member<App>{"ResetCalls", 0, 0,
+                [](App& o, A) {
+                  o.state().calls = 0;
+                  o.state().callsByMember.clear();
+                  return Variant();
+                }},
+    Member<App>{"AddWorksheet", 0, 1, [](App& o, A a) { return AddSheet(o.statePtr(), a.Has(0) ? a.Text(0) : ""); }},
+};
+
+using Book = WorkbookObject;
+
+constexpr std::array kWorkbook = {
+    Member<Book>{"Name", 0, 0, [](Book& o, A) { return Variant(FileName(o.state())); }},
+    Member<Book>{"FullName", 0, 0,
+                 [](Book& o, A) { return Variant(o.state().path.empty() ? FileName(o.state()) : o.state().path); }},
+    Member<Book>{"Activate", 0, 0, [](Book&, A) { return Variant(true); }},
+    Member<Book>{"Worksheets", 0, 1, [](Book& o, A a) { return SheetsMember(o.statePtr(), a); }},
+    Member<Book>{"Sheets", 0, 1, [](Book& o, A a) { return SheetsMember(o.statePtr(), a); }},
+    Member<Book>{"ActiveSheet", 0, 0, [](Book& o, A) { return WrapWorksheet(o.statePtr(), o.state().ActiveSheet()); }},
+    Member<Book>{"Names", 0, 1,
+                 [](Book& o, A a) {
+                   const DispatchPtr names = std::make_shared<NamesObject>(o.statePtr());
+                   if (!a.Has(0)) return Variant(names);
+                   return names->Invoke("Item", CallKind::Get, std::span(&a.At(0), 1));
+                 }},
+    Member<Book>{"Save", 0, 0, [](Book& o, A) { return o.state().Save(o.state().path), Variant(); }},
+    Member<Book>{"SaveAs", 1, 1, [](Book& o, A a) { return o.state().Save(a.Text(0)), Variant(); }},
+    Member<Book>{"Application", 0, 0, [](Book& o, A) { return WrapApplication(o.statePtr()); }},
+    Member<Book>{"Parent", 0, 0, [](Book& o, A) { return WrapApplication(o.statePtr()); }},
+};
+
+using Sheets = WorksheetsObject;
+
+constexpr std::array kWorksheets = {
+    Member<Sheets>{"Item", 1, 1, [](Sheets& o, A a) { return SheetsMember(o.statePtr(), a); }},
+    Member<Sheets>{"_Default", 1, 1, [](Sheets& o, A a) { return SheetsMember(o.statePtr(), a); }},
+    Member<Sheets>{"Count", 0, 0,
+                   [](Sheets& o, A) { return Variant(static_cast<std::int32_t>(o.state().document.sheets.size())); }},
+    Member<Sheets>{"Add", 0, 0, [](Sheets& o, A) { return AddSheet(o.statePtr(), ""); }},
+    Member<Sheets>{"Application", 0, 0, [](Sheets& o, A) { return WrapApplication(o.statePtr()); }},
+    Member<Sheets>{"Parent", 0, 0, [](Sheets& o, A) { return WrapWorkbook(o.statePtr()); }},
+};
+
+using One = WorksheetObject;
+
+Variant ActivateSheet(One& o, A) {
+  o.state().Activate(*o.sheet());
+  return true;
+}
+
+constexpr std::array kWorksheet = {
+    Member<One>{"Name", 0, 0, [](One& o, A) { return Variant(o.sheet()->name); },
+                [](One& o, A a) { Rename(o.state(), *o.sheet(), ToText(a.Last())); }},
+    Member<One>{"Select", 0, 1, &ActivateSheet},
+    Member<One>{"Activate", 0, 0, &ActivateSheet},
+    Member<One>{"Range", 1, 2, [](One& o, A a) { return RangeFrom(o.statePtr(), o.sheet(), a, true); }},
+    Member<One>{"Cells", 0, 2, [](One& o, A a) { return CellsOf(*WholeSheet(o.statePtr(), o.sheet()), a); }},
+    Member<One>{"Columns", 0, 1,
+                [](One& o, A a) { return LinesOf(*WholeSheet(o.statePtr(), o.sheet()), RangeUnit::Columns, a); }},
+    Member<One>{"Rows", 0, 1,
+                [](One& o, A a) { return LinesOf(*WholeSheet(o.statePtr(), o.sheet()), RangeUnit::Rows, a); }},
+    Member<One>{"UsedRange", 0, 0,
+                [](One& o, A) {
+                  return WrapRange(o.statePtr(), {o.sheet(), {UsedArea(*o.sheet())}});
+                }},
+    Member<One>{"Index", 0, 0,
+                [](One& o, A) { return Variant(static_cast<std::int32_t>(o.state().IndexOf(*o.sheet()) + 1)); }},
+    Member<One>{"Application", 0, 0, [](One& o, A) { return WrapApplication(o.statePtr()); }},
+    Member<One>{"Parent", 0, 0, [](One& o, A) { return WrapWorkbook(o.statePtr()); }},
+};
+
+}  // namespace
+
+std::span<const Member<ApplicationObject>> ApplicationObject::Members() { return kApplication; }
+std::span<const Member<WorkbookObject>> WorkbookObject::Members() { return kWorkbook; }
+std::span<const Member<WorksheetsObject>> WorksheetsObject::Members() { return kWorksheets; }
+std::span<const Member<WorksheetObject>> WorksheetObject::Members() { return kWorksheet; }
+
+const std::shared_ptr<Sheet>& WorksheetObject::sheet() const {
+  state().IndexOf(*m_sheet);
+  return m_sheet;
+}
+
+std::shared_ptr<Sheet> FindSheet(const Host::State& state, const Variant& index) {
+  const auto& sheets = state.document.sheets;
+  if (index.Is(Variant::Type::String)) {
+    for (const auto& sheet : sheets)
+      if (EqualNoCase(sheet->name, index.String())) return sheet;
+    throw Error(errors::SubscriptOutOfRange);
+  }
+  const std::int32_t number = ToLong(index);
+  if (number < 1 || static_cast<std::size_t>(number) > sheets.size()) throw Error(errors::SubscriptOutOfRange);
+  return sheets[static_cast<std::size_t>(number) - 1];
+}
+
+Variant WrapApplication(const StatePtr& state) { return Wrap(std::make_shared<ApplicationObject>(state)); }
+Variant WrapWorkbook(const StatePtr& state) { return Wrap(std::make_shared<WorkbookObject>(state)); }
+Variant WrapWorksheet(const StatePtr& state, const std::shared_ptr<Sheet>& sheet) {
+  return Wrap(std::make_shared<WorksheetObject>(state, sheet));
+}
+
+}  // namespace pellora::workbook
