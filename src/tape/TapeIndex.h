@@ -5,16 +5,12 @@
 #include <map>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
 #include "tape/Area.h"
 
 namespace pellora {
-
-/// The sheet on which the quotes stand, and every address without a sheet.
-inline constexpr std::string_view kQuoteSheet = "TWS_Quotes";
 
 /// A tape as the settings sheet records it.
 struct TapeRecord {

@@ -176,7 +176,7 @@ class frmAddRibbon : public Form, protected Routines {
   };
   enum Field { LastPrice, AskPrice, BidPrice, Low, High, Close, Volume };
 
-  // Where a quote row block starts and how far the rows go.
+  // The instruments' rows on the quote sheet, and the first one's first cell.
   struct QuoteRows {
     std::int32_t first = 0;
     std::int32_t last = 0;
@@ -186,37 +186,54 @@ class frmAddRibbon : public Form, protected Routines {
   void Describe();
   void Arrange();
   void Wire();
+  void SavePlacement(Steps& step);
 
   excel::Application Excel() const;
-  void SavePlacement(Steps& step);
-  void RestoreView(Steps& step, const std::string& sheet, bool screenUpdating);
+  static std::int32_t RowOf(const excel::Application& excel, const std::string& address);
+  static void RestoreView(Steps& step, const excel::Application& excel, const std::string& sheet, bool screenUpdating);
 
   void OptionClick(std::string_view routineName, Field field);
-  void SizeClick(std::string_view routineName, CheckBox& box);
+  void OfferSize(const Choice& choice);
+  void SizeClick(std::string_view routineName, const CheckBox& box);
   void FollowSizeBox(const CheckBox& box);
-  void DisableChoices(Steps& step);
-  void TipOf(Label& label, TextBox& box, std::string_view what);
+  void MatchSizeHeader();
+  void DisableChoices();
+  static void TipOf(Label& label, TextBox& box, std::string_view what);
   bool Chosen(Field field) const;
   std::string ChosenFieldCaption() const;
   std::string ChosenSizeCaption() const;
 
-  void ListNothing(Steps& step);
-  void ListInstruments(Steps& step, const QuoteRows& rows);
-  void ShowBlock(Steps& step, const QuoteRows& rows);
-  void TagRows(Steps& step, const QuoteRows& rows);
-  std::string RowAddress(Steps& step, const QuoteRows& rows, int row);
+  QuoteRows FindQuoteRows(Steps& step, const excel::Application& excel);
+  static std::shared_ptr<VariantArray> ReadContracts(Steps& step, const excel::Application& excel,
+                                                     const QuoteRows& rows);
+  void ListNothing();
+  void ListInstruments(Steps& step, const excel::Application& excel, const QuoteRows& rows, const VariantArray& block);
+  void ShowContracts(Steps& step, const VariantArray& block);
+  void TagRows(Steps& step, const excel::Application& excel, const QuoteRows& rows);
+  static std::string InstrumentAddress(const excel::Application& excel, const std::optional<Area>& first, int row,
+                                       int width);
   bool RowIsComplete(int row) const;
+  void ShowNoTapes();
+  void OfferFields(const std::string& rowAddress);
 
-  bool Refuse(Steps& step, const std::string& message, TextBox& box);
   std::string IntersectThroughExcel(std::string_view address1, std::string_view address2) const;
-  std::string SpecialOrFoundCell(Steps& step, const excel::Application& excel, std::string_view startCell);
+  std::string LocationFault(const std::string& location);
+  void Refuse(Steps& step, const std::string& message, TextBox& box);
 
-  void WriteRecord(Steps& step, const excel::Range& record, const std::string& link);
-  void RecordInMemory(const std::string& link, const std::string& rowAddress);
-  void ReadRecords(Steps& step);
-  std::vector<TapeRecord> ReadRecordBlock(Steps& step, const excel::Application& excel, std::int32_t lastRow);
-  std::optional<std::vector<Area>> ResolveQuietly(const excel::Application& excel, const std::string& address) const;
-  void AttachRecords(std::string_view rowAddress);
+  excel::Range NewRecord(Steps& step, const excel::Application& excel);
+  std::string WriteRecord(Steps& step, const excel::Range& record, std::string& rowAddress);
+  void RecordInMemory(Steps& step, const std::string& link, const std::string& rowAddress);
+  void Remember(std::string_view rowAddress, const TapeRecord& record);
+  excel::Range TapeArea(const std::string& sheet, const std::string& address) const;
+  static void DrawFrame(Steps& step, const excel::Range& tape);
+
+  static std::string LastUsedCell(Steps& step, const excel::Application& excel, std::string_view startCell);
+  void ReadSettingsSheet(Steps& step);
+  static std::vector<TapeRecord> ReadRecords(Steps& step, const excel::Application& excel, std::int32_t lastRow);
+  static std::optional<std::vector<Area>> ResolveQuietly(const excel::Application& excel, const std::string& address);
+  std::vector<std::size_t> FollowingPlain(Steps& step, const Area& row);
+  std::vector<std::size_t> FollowingThroughExcel(std::string_view rowAddress);
+  void ShowTapes(const cLinkAddresses& tapes);
 
   TapeOwner* m_owner = nullptr;
   std::shared_ptr<CAppSettings> m_appSettings;

@@ -1,0 +1,123 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "WorkbookBuilder.h"
+#include "excel/Door.h"
+#include "platform/headless/Headless.h"
+#include "support/CErrorHandler.h"
+#include "support/mGlobal.h"
+#include "tape/frmAddRibbon.h"
+
+namespace pellora::test {
+
+/// The dialog with its routines in reach.
+class OpenRibbon : public frmAddRibbon {
+ public:
+  using frmAddRibbon::AddSymbolToSheet;
+  using frmAddRibbon::BadSymbols;
+  using frmAddRibbon::ChechAddressRange;
+  using frmAddRibbon::CheckAddres;
+  using frmAddRibbon::CheckAddressIntersect;
+  using frmAddRibbon::CheckField;
+  using frmAddRibbon::chkAddName_Click;
+  using frmAddRibbon::chkAskSize_Click;
+  using frmAddRibbon::chkBidSize_Click;
+  using frmAddRibbon::chkLastSize_Click;
+  using frmAddRibbon::ColorSelectRange;
+  using frmAddRibbon::ColumnAddress;
+  using frmAddRibbon::EnableGroup;
+  using frmAddRibbon::EnableOptionButton;
+  using frmAddRibbon::EnableSizeName;
+  using frmAddRibbon::Form_QueryUnload;
+  using frmAddRibbon::frmAddRibbon;
+  using frmAddRibbon::GivMyLink;
+  using frmAddRibbon::GotoLastCell;
+  using frmAddRibbon::LoadFGChart;
+  using frmAddRibbon::LoadTable;
+  using frmAddRibbon::modifyAddress;
+  using frmAddRibbon::myIntersect;
+  using frmAddRibbon::OpredTotalOpt;
+  using frmAddRibbon::remove_bad_symbols;
+  using frmAddRibbon::ReturnColumnsCount;
+  using frmAddRibbon::ReturnNameSheetAndAddress;
+  using frmAddRibbon::ViewChkName;
+  using frmAddRibbon::ViewFGChart;
+  using frmAddRibbon::ViewToTable;
+};
+
+/// A desk with an embedded workbook, the shared services and the dialog, not loaded yet. Whoever leaves it checks that
+/// exactly the expected dialogs and messages appeared.
+class Desk : public ::testing::Test, public TapeOwner {
+ protected:
+  Desk() {
+    mGlobal::ErrorHandler = std::make_shared<CErrorHandler>();
+    mGlobal::ErrorHandler->Init(actions::Dialog, "Error Log.txt", true, false, 2, "Tracing Log.txt");
+    mGlobal::AppSettings = std::make_shared<CAppSettings>();
+    mGlobal::AppSettings->Init("CORVANE", "Vantix");
+    NewDialog();
+  }
+
+  ~Desk() override {
+    excel::ObserveCalls({});
+    dialog.reset();
+    mGlobal::ErrorHandler.reset();
+    mGlobal::AppSettings.reset();
+  }
+
+  void TearDown() override { EXPECT_EQ(platform.user().Verify(), ""); }
+
+  DispatchPtr ExcelApplication() override { return application; }
+
+  void NewDialog() {
+    dialog = std::make_unique<OpenRibbon>(platform.toolkit);
+    dialog->Owner(this);
+    dialog->AppSettings(mGlobal::AppSettings);
+  }
+
+  /// Starts the workbook; instruments and tapes are added to what is answered.
+  WorkbookBuilder Workbook(const std::vector<std::string>& fields = kAllFields) {
+    return WorkbookBuilder(host, fields);
+  }
+
+  /// Shows the dialog and lets the user do `part`, which hides it at the end by Cancel unless it is hidden already.
+  void Use(const std::function<void(headless::UserAtForm&)>& part) {
+    platform.user().ExpectForm("frmAddRibbon", [part](headless::UserAtForm& user) {
+      part(user);
+      if (user.form().Shown()) user.Click("ButCancel");
+    });
+    dialog->Show();
+  }
+
+  std::string ActiveSheet() { return host.document().sheets[host.document().active]->name; }
+  bool ScreenUpdating() { return excel::Application(host.Application()).ScreenUpdating(); }
+  Variant Value(std::string_view sheet, std::string_view address) { return host.document().Value(sheet, address); }
+  std::string Formula(std::string_view sheet, std::string_view address) {
+    return host.document().Formula(sheet, address);
+  }
+
+  /// The routines that error dialogs named, in order.
+  std::vector<std::string> ReportedRoutines() {
+    std::vector<std::string> names;
+    for (const auto& text : platform.user().ErrorTexts()) {
+      const auto from = text.find("in Pellora.frmAddRibbon.");
+      const auto end = text.find(" at line", from);
+      names.push_back(from == std::string::npos ? text : text.substr(from + 24, end - from - 24));
+    }
+    return names;
+  }
+
+  CErrorHandler& Handler() { return *mGlobal::ErrorHandler; }
+
+  headless::HeadlessPlatform platform;
+  workbook::Host host;
+  DispatchPtr application = host.Application();
+  std::unique_ptr<OpenRibbon> dialog;
+};
+
+}  // namespace pellora::test
