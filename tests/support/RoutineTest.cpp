@@ -293,6 +293,29 @@ TEST_F(RoutineProtocol, GlobalsReleasedWhileTheErrorIsShownKeepTheAnswer) {
   EXPECT_EQ(done.size(), 1u);
 }
 
+TEST_F(RoutineProtocol, NewHandlerReleasedWhileItsErrorIsShownKeepsTheAnswer) {
+  platform.user().ExpectForm("frmErrorMessage", [](UserAtForm& user) {
+    mGlobal::ErrorHandler.reset();
+    user.Click("btnIgnore");
+  });
+  worker.routine("Run", [&](Steps& step) {
+    step([] { mGlobal::ErrorHandler = NewHandler(); });
+    step(Fail);
+    step([&] { done.push_back("next"); });
+  });
+  EXPECT_EQ(done.size(), 1u);
+}
+
+TEST_F(RoutineProtocol, FailureAfterTheGlobalsWereReleasedClearsTheStackItIsOn) {
+  const auto handler = mGlobal::ErrorHandler;
+  worker.Push("Caller");
+  worker.routine("Run", [&](Steps& step) {
+    step([] { mGlobal::ErrorHandler.reset(); });
+    step(Fail);
+  });
+  EXPECT_EQ(handler->CallStackDepth(), 0u);
+}
+
 TEST_F(RoutineProtocol, FailureAfterTheHandlerWasReplacedIsReportedByTheNewOne) {
   platform.user().ExpectErrorDialog("btnIgnore");
   worker.routine("Run", [&](Steps& step) {
