@@ -1,6 +1,7 @@
 #include "workbook/tools/Sample.h"
 
 #include <array>
+#include <cmath>
 #include <string>
 
 #include "workbook/Area.h"
@@ -91,11 +92,21 @@ void PutExpiry(Sheet& sheet, CellPlace place, const std::string& expiry) {
     sheet.At(place).value = std::stod(expiry);
 }
 
+// A figure as it is quoted: rates with five decimals, prices with two.
+double Quoted(double figure) {
+  const double steps = figure < 2 ? 1e5 : 100;
+  return std::round(figure * steps) / steps;
+}
+
 void PutQuotes(Sheet& sheet, int row, double price) {
-  const double tick = price > 1000 ? 0.25 : 0.01;
-  const double figures[] = {price - tick,  12.0 + row,    price + tick,  7.0 + row,          price,
-                            1.0 + row % 5, price * 1.015, price * 0.985, 1000.0 * (row + 3), price * 0.9975};
-  for (int i = 0; i < static_cast<int>(kFields.size()) && price != 0; ++i) PutNumber(sheet, {row, 10 + i}, figures[i]);
+  if (price == 0) return;
+  const double tick = price > 1000 ? 0.25 : price < 2 ? 0.00005 : 0.01;
+  const double figures[] = {Quoted(price - tick),  12.0 + row,
+                            Quoted(price + tick),  7.0 + row,
+                            Quoted(price),         1.0 + row % 5,
+                            Quoted(price * 1.015), Quoted(price * 0.985),
+                            1000.0 * (row + 3),    Quoted(price * 0.9975)};
+  for (int i = 0; i < static_cast<int>(kFields.size()); ++i) PutNumber(sheet, {row, 10 + i}, figures[i]);
 }
 
 void PutInstrument(Sheet& sheet, int row, const Instrument& one) {
