@@ -100,14 +100,16 @@ Function PickedRange()
   End If
 End Function
 
+' Has a program of its own ask: the stand-in for a spreadsheet program has no input box.
 Function AskedRange()
   Dim shell, files, path
   Set shell = CreateObject("WScript.Shell")
   Set files = CreateObject("Scripting.FileSystemObject")
-  path = shell.ExpandEnvironmentStrings("%PELLORA_ASK%")
+  ' Wine leaves the terminating zero in the text.
+  path = Replace(shell.ExpandEnvironmentStrings("%PELLORA_ASK%"), Chr(0), "")
   shell.Run """" & path & """ ""Tape location, for instance Tapes!B3:D22"" answer.txt", 1, True
   AskedRange = ""
-  If files.FileExists("answer.txt") Then AskedRange = files.OpenTextFile("answer.txt").ReadAll
+  If files.GetFile("answer.txt").Size > 0 Then AskedRange = files.OpenTextFile("answer.txt").ReadAll
 End Function
 
 Sub Report(member, answer)

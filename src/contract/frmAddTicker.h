@@ -31,7 +31,6 @@ struct SecurityType;
 class frmAddTicker : public Form, private Routines {
  public:
   explicit frmAddTicker(Toolkit& toolkit);
-  ~frmAddTicker() override;
 
   /// The security type to begin with, from 0; negative for the first. Set before the form is shown.
   std::int16_t ComTypeListIndex() const { return m_comTypeListIndex; }
@@ -51,7 +50,7 @@ class frmAddTicker : public Form, private Routines {
   /// Fills a combo from a list text, items separated by "|", and chooses the first that equals `selectText` without
   /// regard to case, else the first. An empty list text leaves the combo empty and is no error: a user who deletes
   /// the last entry has asked for it, and the text stays free to type.
-  void Add_Combobox(ComboBox& combo, std::string_view listText, std::optional<std::string_view> selectText = {});
+  void Add_Combobox(ComboBox& combo, std::string_view listText, const std::optional<std::string>& selectText = {});
   /// A combo's items as list text.
   std::string ComboBoxToStr(const ComboBox& combo) const;
   /// Lets the user edit a combo's list; after Save refills it, keeping the choice when it is still there.
@@ -158,16 +157,21 @@ class frmAddTicker : public Form, private Routines {
   void ButInsert_Click();
   void ButInsertNew_Click();
   void ButCancel_Click();
-  /// All twelve "..." buttons: the table names their routines, "ButSTKCurency_Click" and so on.
-  void ListButton_Click(const ListButton& button);
+  /// The twelve "..." buttons; the table of types names their routines, "ButSTKExchange_Click" and so on.
+  void EditExchanges(const ListButton& button);
+  void EditCurrencies(const ListButton& button);
 
   void Insert(std::string_view routineName, std::string_view tag);
   const SecurityType* SelectedType() const;
+  CAppSettings& Settings() const;
   std::string Stored(std::string_view key, std::string_view defaultText) const;
   void Store(std::string_view key, std::string_view text) const;
+  void LoadExchanges(const SecurityType& type);
+  void LoadRights(ComboBox& right);
 
+  void ConnectHandlers();
+  void NameKeys();
   void ArrangeControls();
-  LayoutNode PageLayout(const SecurityType& type);
 
   std::int16_t m_comTypeListIndex = 0;
   std::shared_ptr<CAppSettings> m_appSettings;

@@ -49,6 +49,8 @@ class Form : public Container {
   bool Loaded() const { return m_loaded; }
   /// True from the beginning of `Show` to `Hide`.
   bool Shown() const { return m_shown; }
+  /// True while the window is up; not yet while the form loads, although it may be loading for a showing.
+  bool OnScreen() const { return m_modal; }
 
   /// Makes the form's window and runs `OnLoad`, once until it is unloaded.
   void Load();

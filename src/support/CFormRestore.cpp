@@ -109,7 +109,7 @@ Rect ReadNormal(const PlacementSection& section, const Form& form) {
 int RestoreCommand(Form& form, int saved, bool neverMinimized) {
   const auto command = Meaning(saved);
   const bool raised = neverMinimized && command.state == WindowState::Minimized;
-  if (form.Shown()) return raised ? kShowNormal : saved;
+  if (form.OnScreen()) return raised ? kShowNormal : saved;
   if (command.state) form.WindowState(raised ? WindowState::Normal : *command.state);
   return raised ? kShowNormal : command.applied;
 }

@@ -29,7 +29,10 @@ class Steps {
   /// Runs a statement. `line` is the source line that is reported.
   template <class F>
   requires std::is_void_v<std::invoke_result_t<F&>>
-  void operator()(F&& statement, int line = __builtin_LINE()) { Run(BodyRef(statement), line); }
+  void operator()(F&& statement, int line = __builtin_LINE()) {
+    auto body = [&] { statement(); };
+    Run(BodyRef(body), line);
+  }
 
   /// Runs a statement that yields a value; passed over, it yields the value's default.
   template <class F>

@@ -121,12 +121,43 @@ class Window:
             parents.append(control)
         return boxes[index]
 
+    def labelled(self, caption):
+        """The box or list that follows the label with that caption in tab order."""
+        controls = [c for c in self.children if c.visible]
+        for position, control in enumerate(controls):
+            if control.kind == "Static" and control.caption.rstrip(":") == caption:
+                for follower in controls[position + 1 :]:
+                    if follower.kind in ("Edit", "ComboBox", "ListBox", "SysListView32"):
+                        return follower
+        raise PlayError(f"'{self.text}' shows nothing labelled '{caption}': " + self.describe())
+
     def grid(self, index=0):
         return self.all("SysListView32")[index]
 
     @property
     def focus(self):
         return next((c for c in self.children if c.focused), None)
+
+    @property
+    def focus_handle(self):
+        return self.focus.handle if self.focus else 0
+
+    def same(self, control):
+        """The control as it is in this look at its window."""
+        return next(c for c in self.children if c.handle == control.handle)
+
+    def has_focus(self, control):
+        """True when the control has the focus, or the box inside it, as that of an editable combo box."""
+        position = next(n for n, c in enumerate(self.children) if c.handle == control.handle)
+        depth = self.children[position].depth
+        if self.children[position].focused:
+            return True
+        for child in self.children[position + 1 :]:
+            if child.depth <= depth:
+                return False
+            if child.focused:
+                return True
+        return False
 
     def describe(self):
         return "; ".join(f"{c.kind} '{c.caption}' {c.flags}" for c in self.children if c.visible)
@@ -274,6 +305,55 @@ class Player:
     def key(self, *names):
         """Presses keys one after the other, by X names such as "Tab", "Return", "alt+n"."""
         self._xdotool("key", "--delay", 25, *names)
+
+    def press(self, window, caption):
+        """Presses a button by its access key."""
+        text = window.button(caption).text.replace("&&", "")
+        if "&" not in text:
+            raise PlayError(f"'{caption}' has no access key")
+        self.key("alt+" + text[text.index("&") + 1].lower())
+
+    def tab_to(self, window, control, key="Tab"):
+        """Presses Tab until the control, or what is inside it, has the focus; answers the window as it then is."""
+        for _ in range(40):
+            now = self.again(window)
+            if now.has_focus(control):
+                return now
+            before = now.focus.handle if now.focus else 0
+            self.key(key)
+            self.until("the focus to move", lambda b=before: self.again(window).focus_handle not in (0, b))
+        raise PlayError(f"Tab does not come to {control.kind} '{control.caption}'")
+
+    def replace(self, window, control, text):
+        """Replaces the text of the box that has the focus by typing."""
+        self.key("ctrl+a")
+        self.type(text) if text else self.key("Delete")
+        return self.waiting(window, f"the text '{text}'", lambda w: w.same(control).text == text)
+
+    def drag(self, start, end):
+        """Moves the mouse from a point to another with its button held, as a person does: not in one jump."""
+        self._xdotool("mousemove", *start, "mousedown", 1)
+        for part in range(1, 9):
+            place = [a + (b - a) * part // 8 for a, b in zip(start, end)]
+            self._xdotool("mousemove", *place)
+        self._xdotool("mouseup", 1)
+
+    def resize(self, window, wider, higher):
+        """Drags the window's lower right corner; answers the window as it then is."""
+        corner = (window.right - 2, window.bottom - 2)
+        self.drag(corner, (corner[0] + wider, corner[1] + higher))
+        return self.steady(window)
+
+    def steady(self, window):
+        """Waits until two looks in a row find the window and its controls at the same places."""
+        seen = []
+
+        def same():
+            now = self.again(window)
+            seen.append([(c.left, c.top, c.right, c.bottom) for c in [now, *now.children]])
+            return now if len(seen) > 1 and seen[-1] == seen[-2] else None
+
+        return self.until("the window to be steady", same)
 
     def type(self, text):
         """Types a text."""

@@ -107,16 +107,17 @@ class CountingHook : public CallHook {
  public:
   CountingHook() { InstallCallHook(this); }
   ~CountingHook() override { InstallCallHook(nullptr); }
-  void* Enter() noexcept override {
-    ++inside;
-    return reinterpret_cast<void*>(static_cast<std::intptr_t>(inside));
-  }
-  void Leave(void* entered) noexcept override {
-    matched = matched && entered == reinterpret_cast<void*>(static_cast<std::intptr_t>(inside));
-    --inside;
+  void Around(const std::function<void()>& call) override {
+    struct Inside {
+      int& count;
+      explicit Inside(int& counter) : count(++counter) {}
+      ~Inside() { --count; }
+    } scope(inside);
+    ++entered;
+    call();
   }
   int inside = 0;
-  bool matched = true;
+  int entered = 0;
 };
 
 TEST_F(ThroughAutomation, TheHookIsEnteredAroundACall) {
@@ -133,7 +134,7 @@ TEST_F(ThroughAutomation, TheHookIsLeftWhenACallFails) {
   inner->answer = []() -> Variant { throw Error(errors::InvalidCall); };
   Failure();
   EXPECT_EQ(hook.inside, 0);
-  EXPECT_TRUE(hook.matched);
+  EXPECT_EQ(hook.entered, 1);
 }
 
 // An object that exists on every Windows, and under Wine.

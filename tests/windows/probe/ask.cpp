@@ -1,5 +1,5 @@
-// ask "QUESTION" FILE: asks for one line of text in a small window and writes it to the file, UTF-8; writes no file
-// when the user cancels. What a workbook's macro does with the host's input box, for a host without one.
+// ask "QUESTION" FILE: asks for one line of text in a small window and writes it to the file; writes
+// an empty one when the user cancels. What a workbook's macro does with the host's input box, for a host without one.
 
 #include <windows.h>
 
@@ -43,9 +43,10 @@ INT_PTR CALLBACK Handle(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
   return EndDialog(dialog, LOWORD(wParam));
 }
 
-std::string Utf8(const std::wstring& text) {
+// In the code page in which a script reads files.
+std::string Narrow(const std::wstring& text) {
   std::string result(text.size() * 4, '\0');
-  const int size = WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), result.data(),
+  const int size = WideCharToMultiByte(CP_ACP, 0, text.data(), static_cast<int>(text.size()), result.data(),
                                        static_cast<int>(result.size()), nullptr, nullptr);
   result.resize(static_cast<std::size_t>(size));
   return result;
@@ -66,8 +67,10 @@ int wmain(int count, wchar_t** words) {
     WORD points = 9;
     wchar_t font[13] = L"MS Shell Dlg";
   } blank;
-  DeleteFileW(words[2]);
   SetProcessDPIAware();
-  if (DialogBoxIndirectParamW(GetModuleHandleW(nullptr), &blank.dialog, nullptr, Handle, 0) != IDOK) return 1;
-  std::ofstream(words[2], std::ios::binary) << Utf8(g_answer);
+  if (DialogBoxIndirectParamW(GetModuleHandleW(nullptr), &blank.dialog, nullptr, Handle, 0) != IDOK) g_answer.clear();
+  // Whoever waits for the file must not see half of it.
+  const std::wstring beside = std::wstring(words[2]) + L".new";
+  std::ofstream(beside.c_str(), std::ios::binary) << Narrow(g_answer);
+  return MoveFileExW(beside.c_str(), words[2], MOVEFILE_REPLACE_EXISTING) ? 0 : 1;
 }

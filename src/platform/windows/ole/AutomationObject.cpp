@@ -18,19 +18,14 @@ constexpr LCID kLocale = 0x0409;
 CallHook* g_hook = nullptr;
 unsigned long g_lookups = 0;
 
-class HookScope {
- public:
-  HookScope() : m_hook(g_hook), m_entered(m_hook ? m_hook->Enter() : nullptr) {}
-  HookScope(const HookScope&) = delete;
-  HookScope& operator=(const HookScope&) = delete;
-  ~HookScope() {
-    if (m_hook) m_hook->Leave(m_entered);
-  }
-
- private:
-  CallHook* m_hook;
-  void* m_entered;
-};
+template <class Body>
+auto Outside(Body&& body) {
+  if (!g_hook) return body();
+  decltype(body()) answer{};
+  auto call = [&] { answer = body(); };
+  g_hook->Around(std::ref(call));
+  return answer;
+}
 
 struct GuidLess {
   bool operator()(const GUID& left, const GUID& right) const { return std::memcmp(&left, &right, sizeof left) < 0; }
@@ -95,7 +90,14 @@ AutomationObject::~AutomationObject() = default;
 unsigned long AutomationObject::Lookups() { return g_lookups; }
 
 Variant AutomationObject::Invoke(std::string_view name, CallKind kind, std::span<const Variant> arguments) {
-  const HookScope hook;
+  return Outside([&] { return Use(name, kind, arguments); });
+}
+
+bool AutomationObject::Has(std::string_view name) {
+  return Outside([&] { return IdOf(name).has_value(); });
+}
+
+Variant AutomationObject::Use(std::string_view name, CallKind kind, std::span<const Variant> arguments) {
   const auto id = IdOf(name);
   if (!id) throw Error(errors::MemberNotSupported);
   Arguments values(arguments);
@@ -108,11 +110,6 @@ Variant AutomationObject::Invoke(std::string_view name, CallKind kind, std::span
   const HRESULT code = Call(*id, FlagsOf(kind), parameters, put ? nullptr : result.put(), info.put());
   if (FAILED(code)) throw ErrorFromCode(code, &info);
   return FromVariant(result.get());
-}
-
-bool AutomationObject::Has(std::string_view name) {
-  const HookScope hook;
-  return IdOf(name).has_value();
 }
 
 // Nothing for an unknown name; raises for any other failure, so that a busy host is not taken for one without members.

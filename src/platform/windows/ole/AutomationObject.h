@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -11,14 +12,13 @@ struct IDispatchEx;
 
 namespace pellora::ole {
 
-/// Told of every call that leaves the library through an `AutomationObject`, so that what the host expects of its
-/// thread (its dpi awareness) is back in place while its code runs. Calls nest: what `Enter` answers is handed to the
-/// `Leave` that belongs to it.
+/// Stands around every call that leaves the library through an `AutomationObject`, so that what the host expects of its
+/// thread (its dpi awareness) is back in place while its code runs. Calls nest.
 class CallHook {
  public:
   virtual ~CallHook() = default;
-  virtual void* Enter() noexcept = 0;
-  virtual void Leave(void* entered) noexcept = 0;
+  /// Runs `call` once. A failure passes through.
+  virtual void Around(const std::function<void()>& call) = 0;
 };
 
 /// Installs the hook of this module, null to take it away. The caller keeps it alive.
@@ -49,6 +49,7 @@ class AutomationObject : public Dispatch {
  private:
   std::optional<DISPID> IdOf(std::string_view name);
   HRESULT LookUp(std::string_view name, DISPID* id);
+  Variant Use(std::string_view name, CallKind kind, std::span<const Variant> arguments);
   HRESULT Call(DISPID id, WORD flags, DISPPARAMS& parameters, VARIANT* result, EXCEPINFO* info);
   void LearnType();
 

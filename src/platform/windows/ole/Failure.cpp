@@ -63,10 +63,10 @@ void Fill(EXCEPINFO& info, const Error& error) {
   info.bstrDescription = description.detach();
 }
 
-void SetThreadError(const Error& error, REFIID interfaceId) {
+void SetThreadError(const Error& error, REFIID interfaceId, std::string_view standIn) {
   ComPtr<ICreateErrorInfo> record;
   if (FAILED(CreateErrorInfo(record.put()))) return;
-  BStr source(error.Source()), description(error.Description());
+  BStr source(error.Source().empty() ? standIn : error.Source()), description(error.Description());
   record->SetGUID(interfaceId);
   record->SetSource(source.get());
   record->SetDescription(description.get());
@@ -94,10 +94,10 @@ HRESULT ReportCaught(EXCEPINFO* info) noexcept {
   }
 }
 
-HRESULT ReportCaught(REFIID interfaceId) noexcept {
+HRESULT ReportCaught(REFIID interfaceId, std::string_view source) noexcept {
   try {
     const Error error = Caught();
-    SetThreadError(error, interfaceId);
+    SetThreadError(error, interfaceId, source);
     return CodeFromNumber(error.Number());
   } catch (...) {
     return E_OUTOFMEMORY;

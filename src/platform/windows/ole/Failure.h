@@ -19,7 +19,7 @@ void Check(HRESULT code);
 HRESULT ReportCaught(EXCEPINFO* info) noexcept;
 
 /// The failure that is being handled, for the caller of a method of a direct interface: it becomes the thread's error
-/// object, its code is answered. Only within a catch block.
-HRESULT ReportCaught(REFIID interfaceId) noexcept;
+/// object, its code is answered. `source` stands where the failure names none. Only within a catch block.
+HRESULT ReportCaught(REFIID interfaceId, std::string_view source) noexcept;
 
 }  // namespace pellora::ole

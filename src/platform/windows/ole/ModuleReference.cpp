@@ -12,6 +12,7 @@ std::atomic<long> g_references{0};
 
 ModuleReference::ModuleReference() noexcept { ++g_references; }
 ModuleReference::~ModuleReference() { --g_references; }
+void ModuleReference::Lock(bool lock) noexcept { lock ? ++g_references : --g_references; }
 long ModuleReference::Count() noexcept { return g_references; }
 
 }  // namespace pellora::ole

@@ -2,8 +2,7 @@
 
 namespace pellora::ole {
 
-/// Something that keeps this module loaded while it lives: every automation object and every lock of the class factory
-/// holds one.
+/// Something that keeps this module loaded while it lives: every automation object holds one.
 class ModuleReference {
  public:
   ModuleReference() noexcept;
@@ -11,7 +10,10 @@ class ModuleReference {
   ModuleReference& operator=(const ModuleReference&) = delete;
   ~ModuleReference();
 
-  /// How many there are in this module.
+  /// Counts one more, or one less, that belongs to no object: a lock that is set through the class factory.
+  static void Lock(bool lock) noexcept;
+
+  /// How many there are in this module, locks included.
   static long Count() noexcept;
 };
 
