@@ -17,7 +17,7 @@ using headless::UserAtForm;
 
 [[noreturn]] void Fail() { throw Error(errors::TypeMismatch); }
 
-/// A class under the protocol, with its helpers open to the tests.
+/// A class under the protocol, with its protected members open to the tests.
 class Worker : public Routines {
  public:
   Worker() : Routines("Worker") {}

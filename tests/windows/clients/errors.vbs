@@ -1,7 +1,7 @@
 
 ' What a script sees of refusals and of calls that come too early.
 
-Const NoSuchMember = 438, WrongArguments = 450, TypeMismatch = 13, NoObject = 91
+Const NoSuchMember = 438, WrongArguments = 450, ArgumentMissing = 449, TypeMismatch = 13, NoObject = 91
 Dim library, answer
 On Error Resume Next
 Set library = CreateObject("Pellora.cPellora")
@@ -19,7 +19,7 @@ Fails "UnloadfrmMaster a second time does nothing", 0
 library.NoSuchThing
 Fails "an unknown member is not found", NoSuchMember
 library.CreateNewProject 1, 2
-Fails "a call with too few arguments is refused", WrongArguments
+Fails "a call with too few arguments is refused", ArgumentMissing
 answer = library.ShowRefEditInterface(1)
 Fails "a call with too many arguments is refused", WrongArguments
 
