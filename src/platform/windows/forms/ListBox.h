@@ -1,0 +1,23 @@
+#pragma once
+
+#include "forms/ListBox.h"
+#include "platform/windows/forms/Control.h"
+#include "platform/windows/forms/ListItems.h"
+
+namespace pellora::windows {
+
+class ListBoxPeer : public PeerOf<pellora::ListBox> {
+ public:
+  ListBoxPeer(WindowsFormPeer& form, pellora::ListBox& list);
+
+ protected:
+  void Update(Aspect aspect) override;
+  void OnCommand(WORD code) override;
+
+ private:
+  void FollowItems();
+
+  ListItems m_items;
+};
+
+}  // namespace pellora::windows
