@@ -177,6 +177,15 @@ TEST_F(frmAddTickerTest, NothingOverlapsOnAnyPageAtAnyScaleOrSize) {
   }
 }
 
+TEST_F(frmAddTickerTest, TheLargestPageReachesDownToTheButtons) {
+  Show(kOption, [&](UserAtForm& hands) {
+    const int between = form->ButInsert.Bounds().top - form->txtOPTMultiplier.Bounds().bottom;
+    EXPECT_GT(between, 0);
+    EXPECT_LE(between, 12);
+    Cancel(hands);
+  });
+}
+
 TEST_F(frmAddTickerTest, BoxesStandAtTheSamePlaceOnEveryPage) {
   Show(0, [&](UserAtForm& hands) {
     const auto type = form->ComType.Bounds();
