@@ -60,7 +60,8 @@ class ControlsForm : public Form {
                    Row({Group(fraChecks, Column({chkOne, chkTwo, chkThree, chkOff})),
                         Group(fraOptions, Column({optOne, optTwo, optOff}))}),
                    Table(2, {labEdit, LayoutNode(txtEdit).Stretch(), labOff, LayoutNode(txtOff).Stretch(), labCombo,
-                             LayoutNode(comEdit).Stretch(), labList, Row({LayoutNode(comList).Stretch(), butDots})}),
+                             LayoutNode(comEdit).Stretch(), labList,
+                             Row({LayoutNode(comList).Stretch(), LayoutNode(butDots).MinWidth(28)})}),
                    Row({LayoutNode(lstItems).Lines(5).Chars(16).Stretch(), Column({butUp, butDown})}).Stretch(),
                    PageStack(pages, {Table(2, {labTicker, LayoutNode(txtTicker).Stretch(), labRight,
                                                LayoutNode(comRight).Stretch()}),
@@ -134,7 +135,7 @@ class DenseForm : public Form {
                                              LayoutNode(txtSize).Stretch()}))
                             .Stretch()}),
                    labTape, LayoutNode(grdTape).Lines(4).Stretch(1),
-                   Row({labAddress, LayoutNode(txtAddress).Stretch(), butAddress}),
+                   Row({labAddress, LayoutNode(txtAddress).Stretch(), LayoutNode(butAddress).MinWidth(28)}),
                    Row({LayoutNode(Space(0)).Stretch(), SameWidth({butInsert, butInsertNew, butCancel})})}));
   }
 

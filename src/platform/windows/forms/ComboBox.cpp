@@ -55,13 +55,20 @@ HWND ComboBoxPeer::InnerWindow() const {
 }
 
 void ComboBoxPeer::FitHeight() {
-  // The field sizes itself by its font; the layout wants it level with the text boxes.
+  // The field sizes itself by its font; the layout wants it level with the text boxes. Wine adds to what it is asked
+  // for, so what is still wrong is asked for once more.
+  if (Self().Bounds().Height() <= 0) return;
+  auto field = static_cast<int>(Send(CB_GETITEMHEIGHT, static_cast<WPARAM>(-1)));
+  for (int attempt = 0; attempt < 2 && MissingHeight() != 0; ++attempt) {
+    field += MissingHeight();
+    Send(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), std::max(field, 1));
+  }
+}
+
+int ComboBoxPeer::MissingHeight() const {
   RECT place{};
   ::GetWindowRect(Window(), &place);
-  const auto missing = Self().Bounds().Height() - (place.bottom - place.top);
-  if (Self().Bounds().Height() <= 0 || missing == 0) return;
-  const auto field = static_cast<int>(Send(CB_GETITEMHEIGHT, static_cast<WPARAM>(-1)));
-  if (field + missing > 0) Send(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), field + missing);
+  return Self().Bounds().Height() - static_cast<int>(place.bottom - place.top);
 }
 
 void ComboBoxPeer::FollowItems() {

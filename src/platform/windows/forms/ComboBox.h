@@ -28,6 +28,7 @@ class ComboBoxPeer : public PeerOf<pellora::ComboBox> {
   void FollowItems();
   void FollowChoice();
   void FitHeight();
+  int MissingHeight() const;
   void Complete();
   void ListClosed();
 

@@ -48,10 +48,21 @@ BitmapOwner TrueColourBitmap(int side, const std::vector<std::uint32_t>& pixels)
   return bitmap;
 }
 
+/// One bit a pixel, rows padded to 16 bits, set where the picture is clear: disabled buttons draw the mask's shape.
+std::vector<std::uint8_t> MaskOf(int side, const std::vector<std::uint32_t>& pixels) {
+  const auto stride = static_cast<std::size_t>((side + 15) / 16 * 2);
+  const auto width = static_cast<std::size_t>(side);
+  std::vector<std::uint8_t> mask(stride * width, 0);
+  for (std::size_t i = 0; i < pixels.size(); ++i)
+    if (pixels[i] >> 24 < 0x80)
+      mask[i / width * stride + i % width / 8] |= static_cast<std::uint8_t>(0x80 >> i % width % 8);
+  return mask;
+}
+
 HICON MakeArrow(int side, bool up) {
-  const auto colours = TrueColourBitmap(side, ArrowPixels(side, up, ::GetSysColor(COLOR_BTNTEXT)));
-  const std::vector<std::uint8_t> nothing(static_cast<std::size_t>((side + 15) / 16 * 2 * side), 0);
-  const BitmapOwner mask(::CreateBitmap(side, side, 1, 1, nothing.data()));
+  const auto pixels = ArrowPixels(side, up, ::GetSysColor(COLOR_BTNTEXT));
+  const auto colours = TrueColourBitmap(side, pixels);
+  const BitmapOwner mask(::CreateBitmap(side, side, 1, 1, MaskOf(side, pixels).data()));
   ICONINFO icon{TRUE, 0, 0, mask.get(), colours.get()};
   return ::CreateIconIndirect(&icon);
 }

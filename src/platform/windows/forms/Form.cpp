@@ -6,6 +6,7 @@
 #include "platform/windows/forms/CommandButton.h"
 #include "platform/windows/forms/Dpi.h"
 #include "platform/windows/forms/Modal.h"
+#include "platform/windows/forms/Pages.h"
 #include "platform/windows/forms/WideText.h"
 
 namespace pellora::windows {
@@ -153,6 +154,7 @@ INT_PTR WindowsFormPeer::OnMessage(UINT message, WPARAM wide, LPARAM low) {
       FitToContent();
       return TRUE;
     case WM_GETMINMAXINFO: OnMinMaxInfo(*reinterpret_cast<MINMAXINFO*>(low)); return TRUE;
+    case WM_CTLCOLORSTATIC: return OnBackground(reinterpret_cast<HDC>(wide), PeerAt(reinterpret_cast<HWND>(low)));
     case WM_DPICHANGED: OnDpiChanged(HIWORD(wide), *reinterpret_cast<const RECT*>(low)); return TRUE;
     case WM_DESTROY: Lost(); return FALSE;
     default: return FALSE;
@@ -164,6 +166,13 @@ INT_PTR WindowsFormPeer::OnNotify(const NMHDR& header) {
   if (!peer) return FALSE;
   ::SetWindowLongPtrW(Window(), DWLP_MSGRESULT, peer->Report(header));
   return TRUE;
+}
+
+INT_PTR WindowsFormPeer::OnBackground(HDC surface, const WindowsControlPeer* peer) const {
+  const auto isText = peer && peer->GetControl().Kind() == ControlKind::TextBox;
+  const auto brush = peer && !isText ? BackgroundOnTabs(peer->GetControl()) : nullptr;
+  if (brush) ::SetBkMode(surface, TRANSPARENT);
+  return reinterpret_cast<INT_PTR>(brush);
 }
 
 void WindowsFormPeer::OnActivate(bool active) {

@@ -98,6 +98,7 @@ class WindowsFormPeer : public FormPeer {
   // Messages
   static INT_PTR CALLBACK DialogProc(HWND window, UINT message, WPARAM wide, LPARAM low) noexcept;
   INT_PTR OnMessage(UINT message, WPARAM wide, LPARAM low);
+  INT_PTR OnBackground(HDC surface, const WindowsControlPeer* peer) const;
   void OnActivate(bool active);
   void OnMinMaxInfo(MINMAXINFO& info) const;
   void OnDpiChanged(int dpi, const RECT& suggested);

@@ -11,11 +11,15 @@ namespace pellora::windows {
 namespace {
 
 constexpr UINT kCurrent = LVIS_SELECTED | LVIS_FOCUSED;
+/// Room above and below the text of a row together, as the layout counts it.
+constexpr int kRowPaddingDip = 6;
 
 }  // namespace
 
 GridPeer::GridPeer(WindowsFormPeer& form, pellora::Grid& grid) : PeerOf(form, grid) {
-  Make(WC_LISTVIEWW, LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER | WS_TABSTOP,
+  Make(WC_LISTVIEWW,
+       LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER | LVS_SHAREIMAGELISTS |
+           WS_TABSTOP,
        WS_EX_CLIENTEDGE);
   constexpr auto looks = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER;
   Send(LVM_SETEXTENDEDLISTVIEWSTYLE, looks, looks);
@@ -85,7 +89,17 @@ void GridPeer::Placed() {
 void GridPeer::FontChanged() {
   PeerOf::FontChanged();
   m_dragged = false;
+  SetRowHeight();
   if (m_ready) Placed();
+}
+
+void GridPeer::SetRowHeight() {
+  // A list in report view is as high a row as its small images, so it gets empty ones.
+  const auto height =
+      m_form.GetFonts().Measure("X", TextStyle::Normal).height + m_form.GetFonts().Scale(kRowPaddingDip);
+  ImageListOwner images(::ImageList_Create(1, height, ILC_COLOR, 0, 0));
+  Send(LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(images.get()));
+  m_rowHeight = std::move(images);
 }
 
 void GridPeer::Update(Aspect aspect) {
@@ -104,8 +118,6 @@ void GridPeer::Update(Aspect aspect) {
     default: break;
   }
 }
-
-void GridPeer::OnCommand(WORD) {}
 
 void GridPeer::GiveText(const NMLVDISPINFOW& request) const {
   const auto& item = request.item;

@@ -2,6 +2,7 @@
 
 #include "forms/Grid.h"
 #include "platform/windows/forms/Control.h"
+#include "platform/windows/forms/Owners.h"
 
 namespace pellora::windows {
 
@@ -17,7 +18,6 @@ class GridPeer : public PeerOf<pellora::Grid> {
 
  protected:
   void Update(Aspect aspect) override;
-  void OnCommand(WORD code) override;
   LRESULT OnNotify(const NMHDR& header) override;
 
  private:
@@ -32,6 +32,9 @@ class GridPeer : public PeerOf<pellora::Grid> {
   void Clicked(const NMITEMACTIVATE& click);
   int ColumnUnderPointer() const;
 
+  void SetRowHeight();
+
+  ImageListOwner m_rowHeight;
   bool m_ready = false;
   bool m_dragged = false;
 };

@@ -3,6 +3,8 @@
 #include <utility>
 
 #include "platform/windows/Windows.h"
+// After the platform's header, which it builds on.
+#include <commctrl.h>
 
 namespace pellora::windows {
 
@@ -38,6 +40,7 @@ using WindowOwner = Owner<HWND, &::DestroyWindow>;
 using FontOwner = Owner<HFONT, &::DeleteObject>;
 using BitmapOwner = Owner<HBITMAP, &::DeleteObject>;
 using IconOwner = Owner<HICON, &::DestroyIcon>;
+using ImageListOwner = Owner<HIMAGELIST, &::ImageList_Destroy>;
 using MemoryDcOwner = Owner<HDC, &::DeleteDC>;
 
 }  // namespace pellora::windows

@@ -1,5 +1,7 @@
 #include "platform/windows/forms/Pages.h"
 
+#include <uxtheme.h>
+
 #include "platform/windows/forms/WideText.h"
 
 namespace pellora::windows {
@@ -30,12 +32,18 @@ void PagesPeer::Update(Aspect aspect) {
   if (aspect == Aspect::Page && Window()) Send(TCM_SETCURSEL, static_cast<WPARAM>(Self().CurrentPage()));
 }
 
-void PagesPeer::OnCommand(WORD) {}
-
 LRESULT PagesPeer::OnNotify(const NMHDR& header) {
   if (header.code == NM_SETFOCUS) FocusReported();
   if (header.code == TCN_SELCHANGE) Self().PeerPage(static_cast<int>(Send(TCM_GETCURSEL)));
   return 0;
+}
+
+HBRUSH BackgroundOnTabs(const pellora::Control& control) {
+  for (auto* c = &control; c->Parent(); c = c->Parent()) {
+    const auto onTabs = c->Kind() == ControlKind::Page && static_cast<const pellora::Pages&>(*c->Parent()).ShowTabs();
+    if (onTabs) return ::IsThemeActive() ? ::GetSysColorBrush(COLOR_WINDOW) : nullptr;
+  }
+  return nullptr;
 }
 
 }  // namespace pellora::windows

@@ -15,11 +15,13 @@ class PagesPeer : public PeerOf<pellora::Pages> {
 
  protected:
   void Update(Aspect aspect) override;
-  void OnCommand(WORD code) override;
   LRESULT OnNotify(const NMHDR& header) override;
 
  private:
   void AddTabs();
 };
+
+/// The brush behind controls that stand on a page with tabs, which is not the dialog's colour; null for other controls.
+HBRUSH BackgroundOnTabs(const pellora::Control& control);
 
 }  // namespace pellora::windows

@@ -1,0 +1,123 @@
+#include "Hands.h"
+#include "SampleForm.h"
+
+namespace pellora::windows {
+namespace {
+
+class Keyboard : public WindowsFormTest {
+ protected:
+  /// Shows the form, plays, and ends with Escape unless the part has ended it.
+  void Play(const std::function<void(Hands&)>& part) {
+    const Player player([&](Hands& hands) {
+      const auto window = hands.WaitFor(form);
+      Until([&] { return hands.Focus() != nullptr; });
+      part(hands);
+      hands.Close(window);
+    });
+    form.Show();
+  }
+  SampleForm form{toolkit};
+};
+
+TEST_F(Keyboard, TheFirstControlHasTheFocus) {
+  bool has = false;
+  Play([&](Hands& hands) { has = Until([&] { return hands.Has(form.txt); }); });
+  EXPECT_TRUE(has);
+}
+
+TEST_F(Keyboard, AControlFocusedBeforeShowingHasTheFocus) {
+  form.grd.SetFocus();
+  bool has = false;
+  Play([&](Hands& hands) { has = Until([&] { return hands.Has(form.grd); }); });
+  EXPECT_TRUE(has);
+}
+
+TEST_F(Keyboard, TabVisitsTheFormsTabOrder) {
+  std::vector<Control*> visited;
+  Play([&](Hands& hands) {
+    for (std::size_t i = 0; i < 8; ++i) {
+      const auto before = form.ActiveControl();
+      visited.push_back(before);
+      hands.Press(VK_TAB);
+      if (!Until([&] { return form.ActiveControl() != before; })) return;
+    }
+  });
+  const std::vector<Control*> expected = {&form.txt, &form.com, &form.lst,   &form.optOne,
+                                          &form.chk, &form.grd, &form.butOk, &form.butCancel};
+  EXPECT_EQ(visited, expected);
+}
+
+TEST_F(Keyboard, TabIntoOptionsSelectsNone) {
+  Play([&](Hands& hands) {
+    form.chk.Peer();
+    for (int i = 0; i < 3; ++i) {
+      const auto before = form.ActiveControl();
+      hands.Press(VK_TAB);
+      if (!Until([&] { return form.ActiveControl() != before; })) return;
+    }
+  });
+  EXPECT_EQ(form.ActiveControl(), &form.optOne);
+  EXPECT_FALSE(form.optOne.Value());
+}
+
+TEST_F(Keyboard, ArrowsSelectTheNextOption) {
+  form.optOne.SetFocus();
+  Play([&](Hands& hands) {
+    Until([&] { return hands.Has(form.optOne); });
+    hands.Press(VK_DOWN);
+    Until([&] { return hands.Has(form.optTwo); });
+  });
+  EXPECT_TRUE(form.optTwo.Value());
+  EXPECT_EQ(form.events, std::vector<std::string>{"two"});
+}
+
+TEST_F(Keyboard, EnterPressesTheDefaultButton) {
+  Play([&](Hands& hands) { hands.Press(VK_RETURN); });
+  EXPECT_EQ(form.events, std::vector<std::string>{"ok"});
+}
+
+TEST_F(Keyboard, EnterPressesTheButtonWithTheFocus) {
+  form.butCancel.SetFocus();
+  Play([&](Hands& hands) {
+    Until([&] { return hands.Has(form.butCancel); });
+    hands.Press(VK_RETURN);
+  });
+  EXPECT_EQ(form.events, std::vector<std::string>{"cancel"});
+}
+
+TEST_F(Keyboard, AHeldEnterPressesNothing) {
+  Play([&](Hands& hands) { ::PostMessageW(hands.Focus(), WM_KEYDOWN, VK_RETURN, LPARAM{1} << 30); });
+  EXPECT_EQ(form.events, std::vector<std::string>{});
+}
+
+TEST_F(Keyboard, EscapePressesTheCancelButton) {
+  Play([&](Hands& hands) { hands.Press(VK_ESCAPE); });
+  EXPECT_EQ(form.events, std::vector<std::string>{"cancel"});
+}
+
+TEST_F(Keyboard, AControlHearsItsKeysFirst) {
+  std::vector<Key> heard;
+  form.txt.KeyDown = [&](const KeyPress& press) {
+    heard.push_back(press.key);
+    return true;
+  };
+  Play([&](Hands& hands) {
+    for (const auto key : {VK_RETURN, VK_ESCAPE, VK_DELETE, VK_UP, VK_DOWN}) hands.Press(static_cast<WPARAM>(key));
+  });
+  EXPECT_EQ(heard, (std::vector{Key::Enter, Key::Escape, Key::Delete, Key::Up, Key::Down}));
+  EXPECT_EQ(form.events, std::vector<std::string>{});
+}
+
+TEST_F(Keyboard, TheFocusLeavesAControlThatIsDisabled) {
+  form.txt.Change = [&] { form.txt.Enabled(false); };
+  bool left = false;
+  Play([&](Hands& hands) {
+    hands.Type(L'x');
+    left = Until([&] { return hands.Focus() && !hands.Has(form.txt); });
+  });
+  EXPECT_TRUE(left);
+  EXPECT_EQ(form.ActiveControl(), &form.com);
+}
+
+}  // namespace
+}  // namespace pellora::windows
