@@ -28,7 +28,7 @@ def references(player):
         dialog = player.wait(PROJECT)
         player.press(dialog, "Check all")
         player.waiting(dialog, "all ticks", lambda w: w.button("Close").checked and w.button("Last Price").checked)
-        player.key("Return")
+        player.press(dialog, "Create project")
         player.gone(dialog)
 
     dialog = player.wait(TICKER)
