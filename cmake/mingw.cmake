@@ -14,4 +14,3 @@ set(CMAKE_CXX_FLAGS_INIT "-Wno-restrict -D_GLIBCXX_ASSERTIONS -DUNICODE -D_UNICO
 # Only system DLLs are imported: the compiler's libraries go in.
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-static -static-libgcc -static-libstdc++")
 set(CMAKE_SHARED_LINKER_FLAGS_INIT "-static -static-libgcc -static-libstdc++")
-set(CMAKE_SHARED_LIBRARY_PREFIX "")

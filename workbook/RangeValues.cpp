@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "workbook/RangeObject.h"
+#include "workbook/Shift.h"
 #include "workbook/Showing.h"
 #include "workbook/Typing.h"
 
@@ -67,11 +68,17 @@ bool ClearsCells(const Variant& value) {
          (value.Is(Variant::Type::String) && value.String().empty());
 }
 
+// What a cell so far from the first one gets: a formula's relative references move along.
+Variant ValueFor(const Variant& value, int row, int column) {
+  if (value.Is(Variant::Type::Array)) return Element(value.Array(), row, column);
+  const bool formula = value.Is(Variant::Type::String) && value.String().starts_with('=');
+  return formula && (row != 0 || column != 0) ? Variant(ShiftFormula(value.String(), row, column)) : value;
+}
+
 void PutArea(Sheet& sheet, const Area& area, const Variant& value) {
   if (ClearsCells(value)) return ClearArea(sheet, area);
   ForEachPlace(area, [&](CellPlace place) {
-    const bool block = value.Is(Variant::Type::Array);
-    PutInto(sheet.At(place), block ? Element(value.Array(), place.row - area.top, place.column - area.left) : value);
+    PutInto(sheet.At(place), ValueFor(value, place.row - area.top, place.column - area.left));
     DropIfPlain(sheet, place);
   });
 }

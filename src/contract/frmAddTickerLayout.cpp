@@ -9,7 +9,7 @@ namespace {
 
 // In dip. The same on every page and beside the type list, so that nothing jumps when the type changes.
 constexpr int kLabelWidth = 100;
-constexpr int kPointsWidth = 28;
+constexpr int kPointsWidth = 34;
 constexpr int kBoxChars = 24;
 
 LayoutNode Beside(Label& label) { return LayoutNode(label).MinWidth(kLabelWidth); }

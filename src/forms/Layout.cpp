@@ -140,7 +140,8 @@ class Pass {
   };
 
   Size MeasureContent(const Data& node) const;
-  std::vector<Part> LineParts(const Data& node, Axis axis) const;
+  std::vector<Size> MeasureChildren(const Data& node) const;
+  static std::vector<Part> LineParts(const Data& node, Axis axis, const std::vector<Size>& sizes);
   Size MeasureLine(const Data& node, Axis axis) const;
   void PlaceLine(const Data& node, Axis axis, const Rect& area) const;
   TableParts PartsOf(const Data& table) const;
@@ -193,10 +194,19 @@ void Pass::Place(const Data& node, const Rect& area) const {
   }
 }
 
-std::vector<Part> Pass::LineParts(const Data& node, Axis axis) const {
+// Once for each child: a size asked for twice would be measured twice as often with every level of the tree.
+std::vector<Size> Pass::MeasureChildren(const Data& node) const {
+  std::vector<Size> sizes;
+  for (const auto& child : node.children) sizes.push_back(Measure(child.data()));
+  return sizes;
+}
+
+std::vector<Part> Pass::LineParts(const Data& node, Axis axis, const std::vector<Size>& sizes) {
   std::vector<Part> parts;
-  for (const auto& child : node.children)
-    parts.push_back({Along(axis, Measure(child.data())), child.data().stretch, Present(child.data())});
+  for (std::size_t i = 0; i < sizes.size(); ++i) {
+    const auto& child = node.children[i].data();
+    parts.push_back({Along(axis, sizes[i]), child.stretch, Present(child)});
+  }
   if (node.kind != Kind::SameWidth) return parts;
   int widest = 0;
   for (const auto& part : parts) widest = std::max(widest, part.least);
@@ -205,21 +215,23 @@ std::vector<Part> Pass::LineParts(const Data& node, Axis axis) const {
 }
 
 Size Pass::MeasureLine(const Data& node, Axis axis) const {
+  const auto sizes = MeasureChildren(node);
   int across = 0;
-  for (const auto& child : node.children)
-    if (child.data().kind != Kind::Space) across = std::max(across, Across(axis, Measure(child.data())));
-  return Oriented(axis, LeastLength(LineParts(node, axis), Gap(node)), across);
+  for (std::size_t i = 0; i < sizes.size(); ++i)
+    if (node.children[i].data().kind != Kind::Space) across = std::max(across, Across(axis, sizes[i]));
+  return Oriented(axis, LeastLength(LineParts(node, axis, sizes), Gap(node)), across);
 }
 
 void Pass::PlaceLine(const Data& node, Axis axis, const Rect& area) const {
   const auto horizontal = axis == Axis::Horizontal;
   const auto line = horizontal ? Horizontally(area) : Vertically(area);
   const auto room = horizontal ? Vertically(area) : Horizontally(area);
-  const auto spans = Distribute(LineParts(node, axis), Gap(node), line);
+  const auto sizes = MeasureChildren(node);
+  const auto spans = Distribute(LineParts(node, axis, sizes), Gap(node), line);
   for (std::size_t i = 0; i < spans.size(); ++i) {
     const auto& child = node.children[i].data();
     const auto align = horizontal ? VerticalAlign(child) : HorizontalAlign(child);
-    const auto across = Aligned(align, Across(axis, Measure(child)), room);
+    const auto across = Aligned(align, Across(axis, sizes[i]), room);
     Place(child, horizontal ? Area(spans[i], across) : Area(across, spans[i]));
   }
 }

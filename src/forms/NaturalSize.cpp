@@ -14,6 +14,8 @@ namespace {
 // All in dip.
 constexpr int kTextSlack = 4;
 constexpr int kButtonWidth = 75;
+constexpr int kButtonPadding = 12;
+constexpr int kSmallButtonPadding = 6;
 constexpr int kLineHeight = 23;
 constexpr int kLinePadding = 10;
 constexpr int kCheckGlyph = 20;
@@ -91,7 +93,8 @@ Size ButtonSize(const CommandButton& button, const Wishes& wishes, const TextMea
   const auto text = CaptionSize(button, TextStyle::Normal, measurer);
   // A layout that asks for a width wants a button of its own measure, such as a small one with three points.
   const auto least = wishes.minWidth ? 0 : measurer.Scale(kButtonWidth);
-  return {std::max(least, text.width + measurer.Scale(kEditPadding)),
+  const auto padding = wishes.minWidth ? kSmallButtonPadding : kButtonPadding;
+  return {std::max(least, text.width + measurer.Scale(padding)),
           std::max(line, text.height + measurer.Scale(kLinePadding))};
 }
 

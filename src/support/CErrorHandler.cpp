@@ -180,7 +180,7 @@ ErrorAction CErrorHandler::Ask(std::int32_t wanted, const std::string& text) {
 }
 
 ErrorAction CErrorHandler::ShowDialog(const std::string& text) {
-  frmErrorMessage dialog;
+  frmErrorMessage dialog(mGlobal::CurrentPlatform().toolkit);
   dialog.Load();
   dialog.ErrorMessage(text);
   dialog.SupportMail(m_supportMail);

@@ -60,7 +60,7 @@ class CErrorHandler {
 
   /// Removes every entry, only while `CallStackEnabled` is on.
   void CallStackClear();
-  /// Removes the top entry; nothing when empty.
+  /// Removes the top entry, even when its trace line cannot be written; nothing when empty.
   void CallStackPop();
   /// Adds an entry, whatever `CallStackEnabled` says. `count` adds it so many times, at the cost of one, as long as
   /// tracing is off.
@@ -68,8 +68,11 @@ class CErrorHandler {
   /// Deletes the log files asked for; failures are ignored.
   void Clear(bool ClearLogFile, bool ClearTracingLogFile);
 
-  /// Handles a failure that is current in the calling routine: reports it as the actions say. `Procedure` empty means
-  /// the top of the call stack. Raises 0x800443FC when the reporting itself fails; the answer is then abort.
+  /// Handles a failure that is current in the calling routine: reports it as the actions say, in the order error log,
+  /// event log, message box, dialog. `Procedure` empty means the top of the call stack, "Unknown" when that is disabled
+  /// or empty. The text tells 20,000 entries of the call stack and counts the rest. Raises 0x800443FC when the
+  /// reporting itself fails, and reports no further; that counts as abort. While three reports are being shown, a
+  /// further failure is logged, not shown, and answered with abort.
   ErrorAction HandleError(std::string_view Procedure, const Error& current, std::int32_t line);
 
   /// How many entries the call stack holds, and how many runs of equal entries they are stored as.

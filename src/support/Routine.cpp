@@ -80,7 +80,9 @@ bool Routines::RunRoutine(std::string_view name, BodyRef body, int line) const {
   try {
     RunProtected(body, line);
   } catch (...) {
-    // Abandoned; or the memory for telling the failure ran out, which comes to the same.
+    // Abandoned, or the memory for telling the failure ran out, which comes to the same. Where the shared handler has
+    // changed meanwhile, the one that holds the entry has not been cleared yet.
+    if (entered) Quietly([&] { entered->CallStackClear(); });
     return false;
   }
   if (entered) Quietly([&] { entered->CallStackPop(); });

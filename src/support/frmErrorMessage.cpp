@@ -36,7 +36,7 @@ std::string VersionLine(const LibraryInfo& library) {
 
 }  // namespace
 
-frmErrorMessage::frmErrorMessage() : Form(mGlobal::CurrentPlatform().toolkit, "frmErrorMessage") {
+frmErrorMessage::frmErrorMessage(Toolkit& toolkit) : Form(toolkit, "frmErrorMessage") {
   Caption("Error");
   BorderStyle(BorderStyle::Sizable);
   elaTitleCaption.Style(TextStyle::Heading);

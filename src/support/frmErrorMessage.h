@@ -19,7 +19,7 @@ namespace pellora {
 /// so it is not under the error protocol: every statement of its routines ignores its own failure.
 class frmErrorMessage : public Form {
  public:
-  frmErrorMessage();
+  explicit frmErrorMessage(Toolkit& toolkit);
 
   /// The support address, not checked; without one nothing can be sent.
   void SupportMail(std::string_view address);

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "core/Convert.h"
 #include "core/Text.h"
 #include "support/CErrorHandler.h"
@@ -80,8 +82,9 @@ void frmAddRibbon::ReadSettingsSheet(Steps& step) {
 std::vector<TapeRecord> frmAddRibbon::ReadRecords(Steps& step, const excel::Application& excel, std::int32_t lastRow) {
   const auto first = step([&] { return excel.Range(kRecordTable).Cells(2, 1); });
   const auto firstRow = first ? step([&] { return first.Row(); }) : 0;
-  if (firstRow < 1 || lastRow < firstRow) return {};
-  const auto count = lastRow - firstRow + 1;
+  if (firstRow < 1) return {};
+  // An empty table is read too, as its first row: reading costs the same whatever is recorded.
+  const auto count = std::max(1, lastRow - firstRow + 1);
   const auto values = step([&] { return first.Resize(count, 4).ValueBlock(); });
   const auto links = step([&] { return first.Cells(1, 2).Resize(count, 1).FormulaLocalBlock(); });
   if (!values || !links) return {};

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <stdexcept>
-
 #include "forms/CheckBox.h"
 #include "forms/TextBox.h"
 #include "tests/forms/FormParts.h"
@@ -182,6 +180,39 @@ TEST_F(FormLife, AFormThatIsShownRefusesToBeShownAgain) {
   form.Show();
   EXPECT_EQ(number, 400);
   EXPECT_EQ(toolkit.user.Verify(), "");
+}
+
+TEST_F(FormLife, AFormThatShowsItselfWhileItLoadsIsShownOnce) {
+  form.Loads = [this] { form.Show(); };
+  ExpectAndHide();
+  form.Show();
+  EXPECT_EQ(toolkit.user.Verify(), "");
+  EXPECT_EQ(form.loads, 1);
+  EXPECT_EQ(toolkit.formPeers, 0);
+}
+
+TEST_F(FormLife, AFormHiddenWhileItComesUpEndsItsShowing) {
+  form.Activates = [this] { form.Hide(); };
+  form.Show();
+  EXPECT_EQ(toolkit.user.Verify(), "");
+  EXPECT_EQ(toolkit.formPeers, 0);
+}
+
+TEST_F(FormLife, AFailingShowingLeavesTheFormLoadedAndHidden) {
+  form.Activates = [] { throw Error(errors::OutOfMemory); };
+  EXPECT_EQ(NumberRaisedBy([&] { form.Show(); }), errors::OutOfMemory);
+  EXPECT_FALSE(form.Shown());
+  EXPECT_TRUE(form.Loaded());
+  EXPECT_EQ(toolkit.formPeers, 0);
+  EXPECT_EQ(toolkit.shown, 0);
+}
+
+TEST_F(FormLife, AFailingUnloadEventStillUnloads) {
+  form.Unloads = [] { throw Error(errors::OutOfMemory); };
+  form.Load();
+  EXPECT_EQ(NumberRaisedBy([&] { form.Unload(); }), errors::OutOfMemory);
+  EXPECT_FALSE(form.Loaded());
+  EXPECT_EQ(toolkit.formPeers, 0);
 }
 
 TEST_F(FormLife, HidingAFormThatIsNotShownDoesNothing) {

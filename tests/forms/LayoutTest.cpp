@@ -53,7 +53,7 @@ TEST_F(LayoutTest, APushButtonGrowsWithItsCaption) { EXPECT_GE(Measure(second).w
 
 TEST_F(LayoutTest, AButtonWithAWidthOfItsOwnMayBeSmall) {
   CommandButton points(form, "ButPoints", "...");
-  EXPECT_LT(Measure(LayoutNode(points).MinWidth(23)).width, 40);
+  EXPECT_EQ(Measure(LayoutNode(points).MinWidth(28)).width, 28);
 }
 
 TEST_F(LayoutTest, APictureButtonIsSquareWhateverItsName) {
@@ -250,6 +250,25 @@ TEST_F(LayoutTest, AnAreaThatIsTooSmallIsUsedAsIfItHadTheLeastSize) {
   PlaceLayout(Row({first, box}), {10, 10}, measurer);
   EXPECT_EQ(Width(first), 75);
   EXPECT_EQ(Left(box), 82);
+}
+
+/// Counts what it is asked.
+class CountingMeasurer : public HeadlessMeasurer {
+ public:
+  Size Measure(std::string_view text, TextStyle style) const override {
+    ++asked;
+    return HeadlessMeasurer::Measure(text, style);
+  }
+  mutable int asked = 0;
+};
+
+TEST_F(LayoutTest, MeasuringDoesNotGrowWithTheDepthOfTheTree) {
+  const CountingMeasurer flat, deep;
+  MeasureLayout(Row({box}), flat);
+  LayoutNode nested(box);
+  for (int level = 0; level < 12; ++level) nested = Row({Column({nested})});
+  MeasureLayout(nested, deep);
+  EXPECT_EQ(deep.asked, flat.asked);
 }
 
 TEST_F(LayoutTest, ContentKeepsTheFormsMargin) {

@@ -17,7 +17,7 @@ using headless::UserAtForm;
 
 [[noreturn]] void Fail() { throw Error(errors::TypeMismatch); }
 
-/// A class under the protocol, with its helpers open to the tests.
+/// A class under the protocol, with its protected members open to the tests.
 class Worker : public Routines {
  public:
   Worker() : Routines("Worker") {}
@@ -291,6 +291,29 @@ TEST_F(RoutineProtocol, GlobalsReleasedWhileTheErrorIsShownKeepTheAnswer) {
     step([&] { done.push_back("next"); });
   });
   EXPECT_EQ(done.size(), 1u);
+}
+
+TEST_F(RoutineProtocol, NewHandlerReleasedWhileItsErrorIsShownKeepsTheAnswer) {
+  platform.user().ExpectForm("frmErrorMessage", [](UserAtForm& user) {
+    mGlobal::ErrorHandler.reset();
+    user.Click("btnIgnore");
+  });
+  worker.routine("Run", [&](Steps& step) {
+    step([] { mGlobal::ErrorHandler = NewHandler(); });
+    step(Fail);
+    step([&] { done.push_back("next"); });
+  });
+  EXPECT_EQ(done.size(), 1u);
+}
+
+TEST_F(RoutineProtocol, FailureAfterTheGlobalsWereReleasedClearsTheStackItIsOn) {
+  const auto handler = mGlobal::ErrorHandler;
+  worker.Push("Caller");
+  worker.routine("Run", [&](Steps& step) {
+    step([] { mGlobal::ErrorHandler.reset(); });
+    step(Fail);
+  });
+  EXPECT_EQ(handler->CallStackDepth(), 0u);
 }
 
 TEST_F(RoutineProtocol, FailureAfterTheHandlerWasReplacedIsReportedByTheNewOne) {

@@ -18,7 +18,7 @@ class ErrorDialog : public ::testing::Test {
   /// Shows the dialog as the error handler does, to a user who plays a part; answers the result.
   std::string Show(Part part) {
     platform.user().ExpectForm("frmErrorMessage", std::move(part));
-    frmErrorMessage dialog;
+    frmErrorMessage dialog(platform.toolkit);
     dialog.Load();
     dialog.ErrorMessage(message);
     dialog.SupportMail(address);
@@ -130,7 +130,7 @@ TEST_F(ErrorDialog, TextIsFollowedByTheVersion) {
 }
 
 TEST_F(ErrorDialog, ErrorMessageReadsTheShownText) {
-  frmErrorMessage dialog;
+  frmErrorMessage dialog(platform.toolkit);
   dialog.ErrorMessage("x");
   EXPECT_EQ(dialog.ErrorMessage(), "x\r\nVersion: 1.2.15");
 }
@@ -159,7 +159,7 @@ TEST_F(ErrorDialog, SendIsEnabledWithAnyAddress) {
 }
 
 TEST_F(ErrorDialog, SendIsEnabledByAnAddressSetBeforeLoading) {
-  frmErrorMessage dialog;
+  frmErrorMessage dialog(platform.toolkit);
   dialog.SupportMail("a");
   dialog.Load();
   EXPECT_TRUE(static_cast<CommandButton*>(dialog.FindControl("btnSend"))->Enabled());
@@ -171,7 +171,7 @@ TEST_F(ErrorDialog, LoadingBeepsOnce) {
 }
 
 TEST_F(ErrorDialog, LoadingPresetsAbort) {
-  frmErrorMessage dialog;
+  frmErrorMessage dialog(platform.toolkit);
   EXPECT_EQ(dialog.Tag(), "");
   dialog.Load();
   EXPECT_EQ(dialog.Tag(), "ABORT");

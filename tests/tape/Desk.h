@@ -21,14 +21,14 @@ class OpenRibbon : public frmAddRibbon {
  public:
   using frmAddRibbon::AddSymbolToSheet;
   using frmAddRibbon::BadSymbols;
-  using frmAddRibbon::chkAddName_Click;
-  using frmAddRibbon::chkAskSize_Click;
-  using frmAddRibbon::chkBidSize_Click;
-  using frmAddRibbon::chkLastSize_Click;
   using frmAddRibbon::ChechAddressRange;
   using frmAddRibbon::CheckAddres;
   using frmAddRibbon::CheckAddressIntersect;
   using frmAddRibbon::CheckField;
+  using frmAddRibbon::chkAddName_Click;
+  using frmAddRibbon::chkAskSize_Click;
+  using frmAddRibbon::chkBidSize_Click;
+  using frmAddRibbon::chkLastSize_Click;
   using frmAddRibbon::ColorSelectRange;
   using frmAddRibbon::ColumnAddress;
   using frmAddRibbon::EnableGroup;

@@ -45,7 +45,8 @@ class WorkbookBuilder {
   WorkbookBuilder& Instrument(const Contract& contract) {
     ++m_lastQuote;
     for (int i = 0; i < 9; ++i)
-      if (!contract[static_cast<std::size_t>(i)].IsEmpty()) Quote(m_lastQuote, i, contract[static_cast<std::size_t>(i)]);
+      if (!contract[static_cast<std::size_t>(i)].IsEmpty())
+        Quote(m_lastQuote, i, contract[static_cast<std::size_t>(i)]);
     return *this;
   }
 
@@ -61,7 +62,8 @@ class WorkbookBuilder {
   }
 
   /// A recorded tape; an empty text leaves its cell empty.
-  WorkbookBuilder& Tape(std::string_view name, std::string_view link, std::string_view size, std::string_view location) {
+  WorkbookBuilder& Tape(std::string_view name, std::string_view link, std::string_view size,
+                        std::string_view location) {
     ++m_lastTape;
     const std::string_view cells[] = {name, link, size, location};
     for (int i = 0; i < 4; ++i)

@@ -24,12 +24,6 @@ std::string DescribeForm(std::string_view name) { return "form " + std::string(n
 
 std::string DescribeMessage(std::string_view text) { return "message \"" + std::string(text) + "\""; }
 
-/// What a user does who does not know the form: closes it. One that does not go then is hidden.
-void CloseByForce(Form& form) {
-  form.PeerClose();
-  if (form.Shown()) form.Hide();
-}
-
 }  // namespace
 
 void ScriptedUser::ExpectForm(std::string_view name, std::function<void(UserAtForm&)> part) {
@@ -60,7 +54,8 @@ void ScriptedUser::Play(Form& form) {
     auto text = form.Name() == kErrorDialog ? ": " + ErrorTextOf(form) : std::string();
     Fault(DescribeForm(form.Name()) + " appeared where " + NextExpected() + " was expected" + text);
   }
-  if (form.Shown()) CloseByForce(form);
+  // What a user does who does not know the form. One that refuses is hidden when its showing returns from here.
+  if (form.Shown()) form.PeerClose();
 }
 
 std::function<void(UserAtForm&)> ScriptedUser::NextPart(const Form& form) {

@@ -13,10 +13,11 @@
 #define WIN32_LEAN_AND_MEAN
 #endif
 
-// clang-format off: the automation headers need the basic one first
+// The automation headers need the basic one first.
+// clang-format off
+#include <windows.h>
 #include <objbase.h>
 #include <oleauto.h>
-#include <shellapi.h>
 #include <olectl.h>
-#include <windows.h>
+#include <shellapi.h>
 // clang-format on

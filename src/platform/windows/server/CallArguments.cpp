@@ -43,7 +43,7 @@ bool IsReadable(const VARIANTARG* variable) {
   return variable && (!(variable->vt & VT_BYREF) || (variable->byref && WidthOf(variable->vt & ~VT_BYREF) > 0));
 }
 
-void WriteTo(VARIANTARG& variable, const VARIANTARG& value) {
+void WriteTo(VARIANTARG& variable, VARIANTARG& value) {
   VARIANTARG* const target = Innermost(&variable);
   if (!target) return;
   if (!(target->vt & VT_BYREF)) {

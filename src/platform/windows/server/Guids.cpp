@@ -1,6 +1,7 @@
-// The one place in which the identifiers of the description become data.
+// The one place in which the identifiers of the description become data: the second header changes what the third one's
+// identifiers mean.
+// clang-format off
 #include "platform/windows/Windows.h"
-// clang-format off: it changes what the next header's identifiers mean
 #include <initguid.h>
-// clang-format on
 #include "Pellora_idl.h"
+// clang-format on

@@ -1,0 +1,208 @@
+#include "Desk.h"
+
+namespace pellora::test {
+namespace {
+
+constexpr std::string_view kSettings = "Ticker_tape_settings";
+
+class GotoLastCell : public Desk {
+ protected:
+  std::string Last(std::string_view sheet) {
+    std::string address = "junk";
+    dialog->GotoLastCell("A1", sheet, address);
+    return address;
+  }
+};
+class LoadFGChart : public Desk {
+ protected:
+  std::int32_t Groups() { return dialog->LinkAddresses() ? dialog->LinkAddresses()->Count() : -1; }
+};
+class ViewFGChart : public Desk {};
+
+TEST_F(GotoLastCell, IsTheLastUsedCellInRelativeForm) {
+  Workbook().Instruments(3);
+  EXPECT_EQ(Last("TWS_Quotes"), "S4") << "the lowest row and the rightmost column that hold anything";
+  host.document().Set("TWS_Quotes", "T9", "x");
+  EXPECT_EQ(Last("TWS_Quotes"), "T9");
+}
+
+TEST_F(GotoLastCell, FormatsBeyondTheContentDoNotCount) {
+  Workbook();
+  host.document().Set("Sheet1", "B7", "x");
+  host.document().Set("Sheet1", "D2", "x");
+  excel::Application(application).Worksheets("Sheet1").Range("H40").Interior().ColorIndex(3);
+  EXPECT_EQ(Last("Sheet1"), "D7");
+}
+
+TEST_F(GotoLastCell, ALastCellOfOneBlankIsLookedThrough) {
+  Workbook();
+  host.document().Set("Sheet1", "C9", " ");
+  EXPECT_EQ(Last("Sheet1"), "C9") << "the search for anything finds the blank too";
+}
+
+TEST_F(GotoLastCell, AnEmptySheetAnswersTheStartCellAndDoesNotFail) {
+  Workbook();
+  EXPECT_EQ(Last("Sheet1"), "A1");
+  EXPECT_TRUE(platform.user().ErrorTexts().empty());
+}
+
+TEST_F(GotoLastCell, ASheetWhoseLastCellCannotBeToldIsSearched) {
+  Workbook();
+  host.document().Set("Sheet1", "C9", "x");
+  host.fail = [](std::string_view member, CallKind, std::uint64_t) {
+    return member == "Range.SpecialCells" ? 1004 : 0;
+  };
+  EXPECT_EQ(Last("Sheet1"), "C9");
+  EXPECT_TRUE(platform.user().ErrorTexts().empty());
+}
+
+TEST_F(GotoLastCell, AnErrorValueInTheLastCellCountsAsContent) {
+  Workbook();
+  host.document().Set("Sheet1", "C9", Variant::CellError(static_cast<std::int32_t>(0x800A07FA)));
+  EXPECT_EQ(Last("Sheet1"), "C9");
+}
+
+TEST_F(GotoLastCell, TheActiveSheetComesBack) {
+  Workbook();
+  Last("TWS_Quotes");
+  EXPECT_EQ(ActiveSheet(), "Sheet1");
+}
+
+TEST_F(LoadFGChart, EveryTapeIsFoundUnderItsQuoteRow) {
+  Workbook()
+      .Instruments(3)
+      .Tape("one", "=TWS_Quotes!$N$3", "", "Sheet1!A1:B4")
+      .Tape("two", "=TWS_Quotes!$J$2", "size", "Sheet1!D1:F4")
+      .Tape("three", "=TWS_Quotes!$L$3", "", "Sheet1!H1:I4");
+  dialog->Load();
+  ASSERT_EQ(Groups(), 2);
+  const auto second = dialog->LinkAddresses()->Item("$A$3:$S$3");
+  ASSERT_EQ(second->Count(), 2);
+  EXPECT_EQ(second->Item(std::int32_t{1})->Name(), "one");
+  EXPECT_EQ(second->Item(std::int32_t{2})->Name(), "three");
+  const auto tape = dialog->LinkAddresses()->Item("$A$2:$S$2")->Item("two=TWS_Quotes!$J$2");
+  EXPECT_EQ(tape->NameSize(), "size");
+  EXPECT_EQ(tape->DataRange(), "Sheet1!D1:F4");
+  EXPECT_EQ(tape->Link(), "=TWS_Quotes!$J$2");
+}
+
+TEST_F(LoadFGChart, ARecordWithoutNameLinkOrLocationIsSkippedAndOneWithoutSizeIsRead) {
+  Workbook()
+      .Instruments(1)
+      .Tape("", "=TWS_Quotes!$N$2", "s", "Sheet1!A1:B4")
+      .Tape("no link", "", "s", "Sheet1!A1:B4")
+      .Tape("no place", "=TWS_Quotes!$N$2", "s", "")
+      .Tape("no size", "=TWS_Quotes!$N$2", "", "Sheet1!A1:B4");
+  dialog->Load();
+  ASSERT_EQ(Groups(), 1);
+  const auto group = dialog->LinkAddresses()->Item(std::int32_t{1});
+  ASSERT_EQ(group->Count(), 1);
+  EXPECT_EQ(group->Item(std::int32_t{1})->Name(), "no size");
+}
+
+TEST_F(LoadFGChart, ALinkToAnotherSheetIsAttachedToNoQuote) {
+  Workbook().Instruments(1).Tape("N", "=Sheet1!$N$2", "", "Sheet1!A1:B4");
+  dialog->Load();
+  EXPECT_EQ(Groups(), 0);
+}
+
+TEST_F(LoadFGChart, ALinkThatIsNoPlainAddressIsAskedForOncePerLoadHoweverManyRows) {
+  Workbook()
+      .Instruments(50)
+      .Tape("N", "=TWS_Quotes!Named", "", "Sheet1!A1:B4")
+      .Tape("M", "=TWS_Quotes!Named", "", "x!A1");
+  host.document().AddName("Named", "Ticker_tape_settings!$N$4");
+  host.ResetCalls();
+  dialog->Load();
+  EXPECT_EQ(host.Calls().at("Application.Intersect"), 1u);
+  ASSERT_EQ(Groups(), 1);
+  EXPECT_EQ(dialog->LinkAddresses()->Item(std::int32_t{1})->GroupKey(), "$A$4:$S$4");
+  EXPECT_EQ(dialog->LinkAddresses()->Item(std::int32_t{1})->Count(), 2);
+}
+
+TEST_F(LoadFGChart, ANameOfAnotherSheetThanTheActiveOneMeetsNoRowAsTheSpreadsheetWouldSay) {
+  Workbook().Instruments(3).Tape("N", "=TWS_Quotes!Named", "", "Sheet1!A1:B4");
+  host.document().AddName("Named", "Sheet1!$N$3");
+  dialog->Load();
+  EXPECT_EQ(Groups(), 0);
+  EXPECT_TRUE(platform.user().ErrorTexts().empty());
+}
+
+TEST_F(LoadFGChart, IncompleteRowsGetNoTapes) {
+  auto contract = Stock("IBM");
+  contract[8] = Variant();
+  Workbook().Instrument(contract).Tapes(1);
+  dialog->Load();
+  EXPECT_EQ(Groups(), -1);
+}
+
+TEST_F(LoadFGChart, AMissingSettingsSheetIsReportedOncePerLoadNotOncePerRow) {
+  Workbook().Instruments(50);
+  std::erase_if(host.document().sheets, [](const auto& sheet) { return sheet->name == "Ticker_tape_settings"; });
+  platform.user().AnswerErrorDialogs("btnIgnore");
+  dialog->Load();
+  EXPECT_EQ(ReportedRoutines(), (std::vector<std::string>{"GotoLastCell", "LoadFGChart"}));
+  EXPECT_EQ(dialog->VSFExcel.Rows(), 51);
+  EXPECT_EQ(ActiveSheet(), "Sheet1");
+}
+
+TEST_F(LoadFGChart, AMissingRecordTableIsReportedOncePerLoad) {
+  Workbook().Instruments(50);
+  std::erase_if(host.document().names, [](const auto& name) { return name.first == "Tape_header_for_Ticker"; });
+  platform.user().ExpectErrorDialog("btnAbort");
+  dialog->Load();
+  EXPECT_EQ(ReportedRoutines(), (std::vector<std::string>{"LoadFGChart"}));
+  EXPECT_EQ(ActiveSheet(), "Sheet1");
+  EXPECT_TRUE(ScreenUpdating());
+}
+
+TEST_F(LoadFGChart, AnErrorCellInARecordIsATypeMismatchAndIgnoringItSkipsTheRecordOnly) {
+  Workbook().Instruments(2).Tapes(2);
+  host.document().Set(kSettings, "A2", Variant::CellError(static_cast<std::int32_t>(0x800A07FA)));
+  platform.user().ExpectErrorDialog("btnIgnore");
+  dialog->Load();
+  EXPECT_EQ(Handler().ErrorNumber(), 13);
+  ASSERT_EQ(Groups(), 1);
+  EXPECT_EQ(dialog->LinkAddresses()->Item(std::int32_t{1})->GroupKey(), "$A$3:$S$3");
+}
+
+TEST_F(LoadFGChart, TheNextLoadReadsTheSheetAgain) {
+  Workbook().Instruments(1);
+  dialog->Load();
+  host.document().Set(kSettings, "A2", "N");
+  host.document().Set(kSettings, "B2", "=TWS_Quotes!$N$2");
+  host.document().Set(kSettings, "D2", "Sheet1!A1:B4");
+  dialog->LoadTable();
+  EXPECT_EQ(Groups(), 1);
+}
+
+TEST_F(LoadFGChart, EachComparisonOfARowWithARecordLeavesItsEntryOnTheCallStackByIntention) {
+  Workbook().Instruments(3).Tapes(4);
+  dialog->LoadTable();
+  // Beside the table's entry each row leaves its own and its four comparisons, less the one that its end takes off.
+  // The first grid row, made current at the end, leaves nothing; the table's end takes off one more.
+  EXPECT_EQ(Handler().CallStackDepth(), 1u + 3 * (1 + 4 - 1) - 1);
+}
+
+TEST_F(ViewFGChart, ShowsTheTapesOfTheRowWithoutRegardToLetterCaseInTheirOrder) {
+  Workbook();
+  dialog->LinkAddresses(std::make_shared<cLinkAddresseses>());
+  const auto group = dialog->LinkAddresses()->ItemADD("$A$2:$S$2");
+  for (const auto name : {"b", "a"}) group->ItemADD(name)->Name(name);
+  dialog->LinkAddresses()->ItemADD("$A$3:$S$3")->ItemADD("c");
+  dialog->ViewFGChart("$a$2:$s$2");
+  ASSERT_EQ(dialog->VSFChart.Rows(), 3);
+  EXPECT_EQ(dialog->VSFChart.Text(1, 0), "b");
+  EXPECT_EQ(dialog->VSFChart.Text(2, 0), "a");
+  EXPECT_EQ(dialog->VSFChart.Row(), 1);
+}
+
+TEST_F(ViewFGChart, ARowWithoutTapesShowsTheHeaderOnly) {
+  Workbook();
+  dialog->VSFChart.Rows(4);
+  dialog->ViewFGChart("$A$2:$S$2");
+  EXPECT_EQ(dialog->VSFChart.Rows(), 1);
+}
+
+}  // namespace
+}  // namespace pellora::test

@@ -1,0 +1,246 @@
+#include "Desk.h"
+
+namespace pellora::test {
+namespace {
+
+constexpr std::string_view kSettings = "Ticker_tape_settings";
+
+class AddSymbolToSheet : public Desk {
+ protected:
+  void Start(int tapes = 0) {
+    Workbook().Instrument(Stock("XYZ")).Instrument(Stock("ABC")).Tapes(tapes);
+    dialog->Load();
+  }
+  void Insert(std::string_view location = "Sheet1!H3:I9") {
+    dialog->txtAddress.Text(location);
+    dialog->AddSymbolToSheet();
+  }
+  void InsertWithSize(std::string_view location) {
+    dialog->chkLastSize.Value(1);
+    dialog->chkAddName.Value(1);
+    Insert(location);
+  }
+  std::string Recorded(std::string_view address) {
+    const auto value = Value(kSettings, address);
+    return value.IsEmpty() ? "" : value.String();
+  }
+};
+class ColorSelectRange : public AddSymbolToSheet {
+ protected:
+  /// A cell's lines: both diagonals, left, top, bottom, right.
+  std::vector<workbook::BorderLine> LinesOf(std::string_view address) {
+    const auto format = host.document().Format("Sheet1", address);
+    return {std::begin(format.borders), std::end(format.borders)};
+  }
+};
+
+TEST_F(AddSymbolToSheet, AFirstTapeGoesDirectlyBelowTheHeader) {
+  Start();
+  Insert();
+  EXPECT_EQ(Recorded("A2"), "XYZ");
+  EXPECT_EQ(Formula(kSettings, "B2"), "=TWS_Quotes!$N$2");
+  EXPECT_EQ(Recorded("D2"), "Sheet1!H3:I9");
+}
+
+TEST_F(AddSymbolToSheet, ATapeWithSizeFillsAllFourCells) {
+  Start();
+  InsertWithSize("Sheet1!H3:J9");
+  EXPECT_EQ(Recorded("A2"), "XYZ(last price)");
+  EXPECT_EQ(Formula(kSettings, "B2"), "=TWS_Quotes!$N$2");
+  EXPECT_EQ(Recorded("C2"), "XYZ(last size)");
+  EXPECT_EQ(Recorded("D2"), "Sheet1!H3:J9");
+}
+
+TEST_F(AddSymbolToSheet, ATwoColumnTapeLeavesTheSizeHeaderEmptyHereAndOnTheTargetSheet) {
+  Start();
+  dialog->OptClose.Value(true);
+  Insert("Sheet1!H3:J9");
+  EXPECT_EQ(Value(kSettings, "C2"), Variant());
+  EXPECT_EQ(Value("Sheet1", "J3"), Variant());
+}
+
+TEST_F(AddSymbolToSheet, TheNextTapeGoesBelowWhateverTheSheetHolds) {
+  Start(1);
+  host.document().Set(kSettings, "F7", "note");
+  Insert();
+  EXPECT_EQ(Recorded("A8"), "XYZ");
+}
+
+TEST_F(AddSymbolToSheet, ATableThatDoesNotBeginInTheFirstCellIsFollowed) {
+  Start();
+  host.document().AddName("Tape_header_for_Ticker", "Ticker_tape_settings!$C$5");
+  host.document().Set(kSettings, "C5", "Tape header for Ticker");
+  Insert();
+  EXPECT_EQ(Recorded("C6"), "XYZ");
+  EXPECT_EQ(Formula(kSettings, "D6"), "=TWS_Quotes!$N$2");
+  EXPECT_EQ(Recorded("F6"), "Sheet1!H3:I9");
+}
+
+TEST_F(AddSymbolToSheet, RecordsOnEvenRowsAreShadedAndOthersLeftAsTheyAre) {
+  Start();
+  Insert("Sheet1!H3:I9");
+  dialog->VSFExcel.Row(2);
+  Insert("Sheet1!K3:L9");
+  for (const auto cell : {"A2", "B2", "C2", "D2"}) EXPECT_EQ(host.document().Format(kSettings, cell).interior, 15);
+  EXPECT_EQ(host.document().Format(kSettings, "E2").interior, -4142);
+  for (const auto cell : {"A3", "D3"}) EXPECT_EQ(host.document().Format(kSettings, cell).interior, -4142);
+}
+
+TEST_F(AddSymbolToSheet, TheSettingsSheetsColumnsAreFitted) {
+  Start();
+  Insert("Sheet1!$H$30:$I$39");
+  EXPECT_GT(host.document().ColumnWidth(kSettings, "D"), 12);
+}
+
+TEST_F(AddSymbolToSheet, TheTapeIsRememberedInMemory) {
+  Start();
+  InsertWithSize("Sheet1!H3:J9");
+  ASSERT_EQ(dialog->LinkAddresses()->Count(), 1);
+  const auto group = dialog->LinkAddresses()->Item(std::int32_t{1});
+  EXPECT_EQ(group->GroupKey(), "$A$2:$S$2");
+  const auto tape = group->Item("XYZ(last price)=TWS_Quotes!$N$2");
+  EXPECT_EQ(tape->Name(), "XYZ(last price)");
+  EXPECT_EQ(tape->NameSize(), "XYZ(last size)");
+  EXPECT_EQ(tape->Link(), "=TWS_Quotes!$N$2");
+  EXPECT_EQ(tape->DataRange(), "Sheet1!H3:J9");
+}
+
+TEST_F(AddSymbolToSheet, TheSameHeaderAndLinkAgainIsOneTapeInMemoryAtTheNewPlace) {
+  Start();
+  Insert("Sheet1!H3:I9");
+  Insert("Sheet1!K3:L9");
+  const auto group = dialog->LinkAddresses()->Item(std::int32_t{1});
+  EXPECT_EQ(group->Count(), 1);
+  EXPECT_EQ(group->Item(std::int32_t{1})->DataRange(), "Sheet1!K3:L9");
+  EXPECT_EQ(Recorded("A3"), "XYZ");
+}
+
+TEST_F(AddSymbolToSheet, WithoutAFieldTheRecordIsWrittenWithoutALinkAndNotRemembered) {
+  Start();
+  dialog->OptLastPrice.Value(false);
+  Insert();
+  EXPECT_EQ(Recorded("A2"), "XYZ");
+  EXPECT_EQ(Value(kSettings, "B2"), Variant());
+  EXPECT_EQ(Recorded("D2"), "Sheet1!H3:I9");
+  EXPECT_EQ(dialog->LinkAddresses()->Count(), 0);
+}
+
+TEST_F(AddSymbolToSheet, TheActiveSheetAndScreenUpdatingComeBackToWhatTheyWere) {
+  Start();
+  for (const bool updating : {true, false}) {
+    excel::Application(application).ScreenUpdating(updating);
+    Insert();
+    EXPECT_EQ(ActiveSheet(), "Sheet1");
+    EXPECT_EQ(ScreenUpdating(), updating);
+  }
+}
+
+TEST_F(AddSymbolToSheet, AHeaderThatLooksLikeANumberADateOrAFormulaReadsBackAsItStood) {
+  Start();
+  int row = 2;
+  for (const std::string header : {"007", "1/2", "=A1", "TRUE", "'quoted", "#N/A"}) {
+    dialog->txtName.Text(header);
+    Insert();
+    EXPECT_EQ(Recorded("A" + std::to_string(row++)), header);
+    EXPECT_EQ(Value("Sheet1", "I3"), Variant(header));
+  }
+}
+
+TEST_F(AddSymbolToSheet, ALocationOnAQuotedSheetReadsBackAsItStoodAndTheTapeIsWrittenThere) {
+  Start();
+  host.document().AddSheet("Joe's tape");
+  Insert("'Joe''s tape'!B3:C9");
+  EXPECT_EQ(Recorded("D2"), "'Joe''s tape'!B3:C9");
+  EXPECT_EQ(Value("Joe's tape", "B3"), Variant("Local Time"));
+}
+
+TEST_F(AddSymbolToSheet, AnInsertedTapeIsThereWhenTheDialogIsLoadedAnew) {
+  Start();
+  InsertWithSize("Sheet1!H3:J9");
+  NewDialog();
+  dialog->Load();
+  ASSERT_EQ(dialog->VSFChart.Rows(), 2);
+  EXPECT_EQ(dialog->VSFChart.Text(1, 0), "XYZ(last price)");
+  EXPECT_EQ(dialog->VSFChart.Text(1, 1), "=TWS_Quotes!$N$2");
+  EXPECT_EQ(dialog->VSFChart.Text(1, 2), "XYZ(last size)");
+  EXPECT_EQ(dialog->VSFChart.Text(1, 3), "Sheet1!H3:J9");
+}
+
+TEST_F(AddSymbolToSheet, AMissingSettingsSheetIsReportedAndAbortingWritesNothing) {
+  Start();
+  std::erase_if(host.document().sheets, [](const auto& sheet) { return sheet->name == "Ticker_tape_settings"; });
+  platform.user().ExpectErrorDialog("btnAbort");
+  Insert();
+  EXPECT_EQ(Handler().ErrorNumber(), 9);
+  EXPECT_EQ(Value("Sheet1", "H3"), Variant());
+}
+
+TEST_F(AddSymbolToSheet, AbortingLeavesScreenUpdatingOffByIntention) {
+  Start();
+  std::erase_if(host.document().names, [](const auto& name) { return name.first == "Tape_header_for_Ticker"; });
+  platform.user().ExpectErrorDialog("btnAbort");
+  Insert();
+  EXPECT_FALSE(ScreenUpdating());
+  EXPECT_EQ(ActiveSheet(), kSettings);
+}
+
+TEST_F(AddSymbolToSheet, ATargetSheetThatIsNotThereIsReportedByTheFrameAndTheViewStillComesBack) {
+  Start();
+  platform.user().ExpectErrorDialog("btnAbort");
+  Insert("Nowhere!H3:I9");
+  EXPECT_EQ(ReportedRoutines(), (std::vector<std::string>{"ColorSelectRange"}));
+  EXPECT_EQ(Recorded("A2"), "XYZ");
+  EXPECT_EQ(ActiveSheet(), "Sheet1");
+  EXPECT_TRUE(ScreenUpdating());
+}
+
+TEST_F(ColorSelectRange, WritesTheHeaderLineAndNothingBelowIt) {
+  Start();
+  InsertWithSize("Sheet1!H3:J9");
+  EXPECT_EQ(Value("Sheet1", "H3"), Variant("Local Time"));
+  EXPECT_EQ(Value("Sheet1", "I3"), Variant("XYZ(last price)"));
+  EXPECT_EQ(Value("Sheet1", "J3"), Variant("XYZ(last size)"));
+  for (const auto cell : {"H4", "I4", "J9", "K3"}) EXPECT_EQ(Value("Sheet1", cell), Variant());
+}
+
+TEST_F(ColorSelectRange, SetsTheWidthOfTheTapesColumnsOnly) {
+  Start();
+  Insert("Sheet1!H3:I9");
+  EXPECT_EQ(host.document().ColumnWidth("Sheet1", "H"), 10);
+  EXPECT_EQ(host.document().ColumnWidth("Sheet1", "I"), 10);
+  EXPECT_NE(host.document().ColumnWidth("Sheet1", "J"), 10);
+}
+
+TEST_F(ColorSelectRange, DrawsTheFourOuterEdgesAndRemovesEveryOtherLine) {
+  Start();
+  const auto area = excel::Application(application).Worksheets("Sheet1").Range("H3:I9");
+  for (int index = 5; index <= 12; ++index) area.Borders(index).LineStyle(1);
+  Insert("Sheet1!H3:I9");
+  const auto corner = LinesOf("H3");
+  const workbook::BorderLine edge{5, 2, 16};
+  EXPECT_EQ(corner[2], edge);
+  EXPECT_EQ(corner[3], edge);
+  for (const int index : {0, 1, 4, 5}) EXPECT_EQ(corner[static_cast<std::size_t>(index)].style, -4142);
+  EXPECT_EQ(LinesOf("I9")[4], edge);
+  EXPECT_EQ(LinesOf("I9")[5], edge);
+  EXPECT_EQ(LinesOf("H5")[2], edge);
+  EXPECT_EQ(LinesOf("H5")[3].style, -4142);
+  EXPECT_EQ(LinesOf("H5")[5].style, -4142);
+}
+
+TEST_F(ColorSelectRange, TouchesTheBordersInTheirOrder) {
+  Start();
+  dialog->txtAddress.Text("Sheet1!H3:I9");
+  std::string order;
+  excel::ObserveCalls([&](CallKind kind, std::string_view name) {
+    if (kind == CallKind::Put) order.append(name).append(" ");
+  });
+  dialog->ColorSelectRange();
+  std::string expected = "Value Value ColumnWidth ";
+  for (int i = 0; i < 8; ++i) expected += "LineStyle ";
+  for (int i = 0; i < 4; ++i) expected += "LineStyle Weight ColorIndex ";
+  EXPECT_EQ(order, expected);
+}
+
+}  // namespace
+}  // namespace pellora::test

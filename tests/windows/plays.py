@@ -1,0 +1,76 @@
+"""What the user does while a script client runs: plays.py NAME PROBE."""
+
+import sys
+
+from player import Player, PlayError
+
+PROJECT = "Choose market data fields for project "
+TICKER = "Add new ticker"
+TAPE = "Ticker tape"
+
+
+def close_box(player, dialog):
+    player.key("alt+F4")
+    player.gone(dialog)
+
+
+def references(player):
+    dialog = player.wait(PROJECT)
+    player.key("Escape")
+    player.gone(dialog)
+    close_box(player, player.wait(PROJECT))
+    dialog = player.wait(PROJECT)
+    player.click(dialog.button("Volume"))
+    player.waiting(dialog, "the tick", lambda w: w.button("Volume").checked)
+    player.click(dialog.button("Create project"))
+    player.gone(dialog)
+    for _ in range(2):
+        dialog = player.wait(PROJECT)
+        player.press(dialog, "Check all")
+        player.waiting(dialog, "all ticks", lambda w: w.button("Close").checked and w.button("Last Price").checked)
+        player.press(dialog, "Create project")
+        player.gone(dialog)
+
+    dialog = player.wait(TICKER)
+    player.key("Escape")
+    player.gone(dialog)
+    close_box(player, player.wait(TICKER))
+    dialog = player.wait(TICKER)
+    player.replace(dialog, dialog.labelled("Ticker"), "ABC")
+    player.tab_to(dialog, dialog.labelled("Primary Exchange"))
+    player.replace(dialog, dialog.labelled("Primary Exchange"), "NYSE")
+    player.press(dialog, "Insert & new")
+    player.gone(dialog)
+    dialog = player.wait(TICKER)
+    player.replace(dialog, dialog.labelled("Ticker"), "OPQ")
+    player.tab_to(dialog, dialog.labelled("Expiry"))
+    player.replace(dialog, dialog.labelled("Expiry"), "203012")
+    player.key("Return")
+    player.gone(dialog)
+
+
+def roundtrip(player):
+    # The client asks for a location first, with nothing chosen but what the dialog comes up with.
+    dialog = player.wait(TAPE)
+    player.click(dialog.button("last size"))
+    player.waiting(dialog, "the tick", lambda w: w.button("last size").checked)
+    player.click(dialog.button("..."))
+    player.gone(dialog)
+    dialog = player.wait(TAPE)
+    player.waiting(dialog, "the location handed in", lambda w: w.box(2).text != "")
+    player.press(dialog, "Insert >>")
+    player.gone(dialog)
+    # Shown again it is the same dialog; the close box ends it like Cancel.
+    dialog = player.wait(TAPE)
+    if not dialog.button("last size").checked:
+        raise PlayError("the dialog has forgotten its choices")
+    close_box(player, dialog)
+
+
+if __name__ == "__main__":
+    try:
+        with Player(sys.argv[2]) as the_player:
+            globals()[sys.argv[1]](the_player)
+    except PlayError as error:
+        print(f"not ok the play {sys.argv[1]}: {error}")
+        sys.exit(1)
