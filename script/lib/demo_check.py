@@ -39,7 +39,7 @@ def result(before, after, sheet_name):
     columns = [chr(ord(column) + n) for n in range(4)]
     settings = new.sheets[SETTINGS]
     first = old.sheets[SETTINGS].last_row(column) + 1
-    for row, location, header in ((first, f"{sheet_name}!B3:D22", "last price"), (first + 1, None, "ask price")):
+    for row, location, header in ((first, f"{sheet_name}!K3:M22", "last price"), (first + 1, None, "ask price")):
         title, link, size, where = (f"{c}{row}" for c in columns)
         expect(settings.value(title).endswith(f"({header})"), True, f"{title} is the header '{settings.value(title)}'")
         expect(bool(re.fullmatch(r"=TWS_Quotes!\$[A-Z]+\$\d+", settings.formula(link))), True, f"{link} is a link")
@@ -50,15 +50,15 @@ def result(before, after, sheet_name):
 
     # The tape with a size column: header line, widths, frame.
     sheet = new.sheets[sheet_name]
-    expect(sheet.value("B3"), "Local Time", "B3")
-    expect(sheet.value("C3"), settings.value(f"{columns[0]}{first}"), "C3")
-    expect(sheet.value("D3"), settings.value(f"{columns[2]}{first}"), "D3")
-    for letter in "BCD":
+    expect(sheet.value("K3"), "Local Time", "K3")
+    expect(sheet.value("L3"), settings.value(f"{columns[0]}{first}"), "L3")
+    expect(sheet.value("M3"), settings.value(f"{columns[2]}{first}"), "M3")
+    for letter in "KLM":
         # The file's width counts the cell's margins as well.
         expect(10 <= sheet.width(letter) < 11, True, f"width {sheet.width(letter)} of column {letter}")
-    for cell, edges in (("B3", "left top"), ("D3", "right top"), ("B22", "left bottom"), ("D22", "right bottom"), ("C10", "")):
+    for cell, edges in (("K3", "left top"), ("M3", "right top"), ("K22", "left bottom"), ("M22", "right bottom"), ("L10", "")):
         expect(sheet.borders(cell), {edge: "dashDotDot" for edge in edges.split()}, f"borders of {cell}")
-    expect(sheet.value("B30"), "Local Time", "B30")
+    expect(sheet.value("K30"), "Local Time", "K30")
 
     # The instruments, one of each type.
     ticker, _ = place_of(new.names["TWS_Symbol"])

@@ -67,6 +67,9 @@ _prepare_prefix() {
     run_wine 30 reg add 'HKLM\Software\Microsoft\Windows NT\CurrentVersion\FontSubstitutes' \
       /v "$name" /t REG_SZ /d "$font" /f >/dev/null
   done
+  # Where that font has no sign, as for Chinese and Japanese names, this one has.
+  run_wine 30 reg add 'HKLM\Software\Microsoft\Windows NT\CurrentVersion\FontLink\SystemLink' /v "$font" \
+    /t REG_MULTI_SZ /d 'wqy-microhei.ttc,WenQuanYi Micro Hei' /f >/dev/null
   for name in CaptionFont IconFont MenuFont MessageFont SmCaptionFont StatusFont; do
     set_user_value 'Control Panel\Desktop\WindowMetrics' "$name" REG_BINARY "$(_font_record -12 "$font")"
   done
