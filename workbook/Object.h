@@ -59,7 +59,7 @@ class ObjectOf : public Dispatch, public std::enable_shared_from_this<Self> {
     if (!member) throw Error(errors::MemberNotSupported);
     m_state->Enter(Self::kName, member->name, kind);
     const bool put = kind == CallKind::Put || kind == CallKind::PutRef;
-    if (put && !member->put) throw Error(errors::MemberNotSupported);
+    if (put && !member->put) return PutInto(*member, values);
     const std::size_t extra = put ? 1 : 0;
     if (values.size() < member->least + extra || values.size() > member->most + extra)
       throw Error(errors::WrongArgumentCount);
@@ -75,6 +75,16 @@ class ObjectOf : public Dispatch, public std::enable_shared_from_this<Self> {
   const StatePtr& statePtr() const { return m_state; }
 
  private:
+  // Scripts write `Range("A1") = 5` as the setting of a property with an argument: it goes to the object that the
+  // property answers, as its default member.
+  Variant PutInto(const Member<Self>& member, std::span<const Variant> values) {
+    const std::size_t indexes = values.empty() ? 0 : values.size() - 1;
+    if (indexes == 0 || indexes < member.least || indexes > member.most) throw Error(errors::MemberNotSupported);
+    const Variant answer = member.get(static_cast<Self&>(*this), Arguments(values.first(indexes)));
+    if (!answer.Is(Variant::Type::Object) || !answer.Object()) throw Error(errors::MemberNotSupported);
+    return answer.Object()->Invoke("_Default", CallKind::Put, values.subspan(indexes));
+  }
+
   static const Member<Self>* Find(std::string_view name) {
     for (const auto& member : Self::Members())
       if (EqualAsciiNoCase(member.name, name)) return &member;

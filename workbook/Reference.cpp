@@ -9,6 +9,8 @@ namespace {
 
 // A name may refer to a name; a ring of them must end.
 constexpr int kDeepest = 16;
+// And names of several names must not multiply without end.
+constexpr int kMostPieces = 4096;
 
 std::string_view Trim(std::string_view text) {
   const auto first = text.find_first_not_of(' ');
@@ -83,6 +85,7 @@ class Resolver {
   }
 
   std::optional<Reference> Piece(std::shared_ptr<Sheet> base, std::string_view text, int depth) {
+    if (++m_pieces > kMostPieces) return Fail(ReferenceFault::NotAReference);
     const auto mark = text.find('!');
     if (!text.empty() && (mark != std::string_view::npos || text.front() == '\'')) {
       const auto name = text.front() == '\'' ? TakeQuotedSheet(text) : TakePlainSheet(text, mark);
@@ -112,6 +115,7 @@ class Resolver {
 
   const Document& m_document;
   ReferenceFault& m_fault;
+  int m_pieces = 0;
 };
 
 }  // namespace

@@ -45,9 +45,8 @@ void Range::Select() const { Call("Select"); }
 Range Range::SpecialCells(std::int32_t type) const { return Range(ToObject(Call("SpecialCells", {type}))); }
 
 Range Range::FindPrevious(std::string_view what, std::int32_t searchOrder) const {
-  // What, After, LookIn, LookAt, SearchOrder, SearchDirection.
-  const Variant missing = Variant::Missing();
-  return Range(ToObject(Call("Find", {what, missing, missing, missing, searchOrder, xlPrevious})));
+  // What, After, LookIn, LookAt, SearchOrder, SearchDirection. What is left out is taken from the user's last search.
+  return Range(ToObject(Call("Find", {what, Variant::Missing(), xlFormulas, xlPart, searchOrder, xlPrevious})));
 }
 
 }  // namespace pellora::excel

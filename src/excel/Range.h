@@ -16,6 +16,8 @@ inline constexpr std::int32_t xlCellTypeLastCell = 11;
 inline constexpr std::int32_t xlByRows = 1;
 inline constexpr std::int32_t xlByColumns = 2;
 inline constexpr std::int32_t xlPrevious = 2;
+inline constexpr std::int32_t xlFormulas = -4123;
+inline constexpr std::int32_t xlPart = 2;
 
 /// A cell, an area, a row, a column or several areas.
 class Range : public Object {

@@ -177,6 +177,15 @@ TEST_F(frmAddTickerTest, NothingOverlapsOnAnyPageAtAnyScaleOrSize) {
   }
 }
 
+TEST_F(frmAddTickerTest, TheLargestPageReachesDownToTheButtons) {
+  Show(kOption, [&](UserAtForm& hands) {
+    const int between = form->ButInsert.Bounds().top - form->txtOPTMultiplier.Bounds().bottom;
+    EXPECT_GT(between, 0);
+    EXPECT_LE(between, 12);
+    Cancel(hands);
+  });
+}
+
 TEST_F(frmAddTickerTest, BoxesStandAtTheSamePlaceOnEveryPage) {
   Show(0, [&](UserAtForm& hands) {
     const auto type = form->ComType.Bounds();
@@ -415,6 +424,39 @@ TEST_F(frmAddTickerTest, ARefusedWriteIsReportedAndIgnoringItStillInserts) {
   EXPECT_EQ(user().ErrorTexts().size(), 5u) << "four choices and the placement";
   EXPECT_NE(Find(user().ErrorTexts().at(0), "Failed saving the application setting"), std::string::npos);
   EXPECT_NE(Find(user().ErrorTexts().at(0), "in Pellora.frmAddTicker.SaveParamert at line"), std::string::npos);
+}
+
+TEST_F(frmAddTickerTest, ARefusedWriteThatIsTriedAgainIsMadeOnce) {
+  Show(
+      kIndex,
+      [&](UserAtForm& hands) {
+        hands.Type("txtINDSymbol", "XYZ");
+        platform.registry.refuseWrites = 5;
+        hands.Click("ButInsert");
+      },
+      [&] {
+        user().ExpectForm("frmErrorMessage", [&](UserAtForm& hands) {
+          platform.registry.refuseWrites = 0;
+          hands.Click("btnRetry");
+        });
+      });
+  EXPECT_EQ(form->Tag(), "1");
+  EXPECT_EQ(StoredChoices().size(), 4u);
+}
+
+// Abort leaves the routine that failed and no other: saving is left, then keeping the placement fails in its turn.
+TEST_F(frmAddTickerTest, AbortingEveryRefusedWriteLeavesTheDialogOpen) {
+  Show(kIndex, [&](UserAtForm& hands) {
+    hands.Type("txtINDSymbol", "XYZ");
+    platform.registry.refuseWrites = 5;
+    user().AnswerErrorDialogs("btnAbort");
+    hands.Click("ButInsert");
+    EXPECT_TRUE(form->Shown());
+    EXPECT_EQ(form->Tag(), "");
+    Cancel(hands);
+  });
+  ASSERT_EQ(user().ErrorTexts().size(), 2u);
+  EXPECT_NE(Find(user().ErrorTexts().at(1), "CFormRestore"), std::string::npos);
 }
 
 // One instrument of each type, by keys alone: Alt+Y to the type list, its name, Alt+T to the ticker, Tab from field to

@@ -47,9 +47,9 @@ TEST_F(Wrappers, BordersAreAskedForByTheirIndex) {
   EXPECT_EQ(object->calls, Calls{"get Borders(9)"});
 }
 
-TEST_F(Wrappers, FindPreviousPassesWhatOrderAndDirectionInTheirPlaces) {
+TEST_F(Wrappers, FindPreviousLeavesNothingToTheUsersLastSearch) {
   range.FindPrevious("*", xlByColumns);
-  EXPECT_EQ(object->calls, Calls{"call Find(\"*\", missing, missing, missing, 2, 2)"});
+  EXPECT_EQ(object->calls, Calls{"call Find(\"*\", missing, -4123, 2, 2, 2)"});
 }
 
 TEST_F(Wrappers, FindPreviousAnswersNothingWhenThereIsNone) {

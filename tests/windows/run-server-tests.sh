@@ -4,16 +4,16 @@
 #   tests/windows/run-server-tests.sh [BUILD_DIR]
 #
 # BUILD_DIR defaults to $PELLORA_BUILD, then to build/win64. The Wine prefix is the one of the environment and must be
-# private: classes are registered in it for the machine. Prints one line "ok ..." or "not ok ..." a check.
+# private: classes are registered in it for the machine. Dialogs come up on the display of the environment and are
+# closed. Prints one line "ok ..." or "not ok ..." a check.
 set -u
 here=$(cd "$(dirname "$0")" && pwd)
 build=${1:-${PELLORA_BUILD:-$here/../../build/win64}}
 : "${WINEPREFIX:?name a private Wine prefix}"
 export WINEPREFIX WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES="mscoree=;mshtml=;winedbg.exe="
-# Without a display a dialog returns at once, as if it had been cancelled.
-unset DISPLAY
 
 failed=0
+cancelling=$build/tests/windows/server/cancelling.exe
 windows_path() { printf 'Z:%s' "$(realpath -m "$1" | tr / '\\')"; }
 verdict() {
   if "${@:2}"; then printf 'ok %s\n' "$1"; else printf 'not ok %s\n' "$1"; failed=1; fi
@@ -23,7 +23,7 @@ run() { timeout -k 5 60 wine "$@" </dev/null; }
 # A script engine prints nothing and ends with 0 when the script itself fails: only one that came to its last line counts.
 play() {
   local script=$1 output
-  output=$(run cscript //nologo "$(windows_path "$script")" 2>/dev/null | tr -d '\r')
+  output=$(run "$cancelling" cscript //nologo "$(windows_path "$script")" 2>/dev/null | tr -d '\r')
   grep -E '^(ok|not ok) ' <<<"$output"
   if grep -q '^not ok ' <<<"$output"; then failed=1; fi
   verdict "$(basename "$script") ran to its end" grep -qx END <<<"$output"

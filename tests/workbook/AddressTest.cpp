@@ -1,4 +1,5 @@
 #include "Desk.h"
+#include "core/Text.h"
 
 namespace pellora::workbook {
 namespace {
@@ -75,6 +76,15 @@ TEST_F(Addresses, EverythingElseIsRefused) {
                            "99999999999999999999:1",
                            "!A1"})
     EXPECT_EQ(NumberOf([&] { Range(text); }), 1004) << text;
+}
+
+TEST_F(Addresses, NamesThatMultiplyAreRefusedAtOnce) {
+  for (int i = 1; i < 16; ++i) {
+    const std::string next = "Many_" + std::to_string(i + 1);
+    document.AddName("Many_" + std::to_string(i), Replace("=N,N,N,N,N,N,N,N", "N", next));
+  }
+  document.AddName("Many_16", "=Sheet1!$A$1");
+  EXPECT_EQ(NumberOf([&] { Range("Many_1"); }), 1004);
 }
 
 TEST_F(Addresses, ASheetRefusesWhatLiesOnAnother) {

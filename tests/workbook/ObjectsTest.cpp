@@ -71,6 +71,14 @@ TEST_F(Objects, NamesAreAddedAndRead) {
   EXPECT_EQ(NumberOf([&] { Get(names, "Add", {"A1", "=Sheet1!A1"}); }), 1004);
 }
 
+TEST_F(Objects, SettingAnIndexedPropertySetsTheDefaultMemberOfItsObject) {
+  const Variant values[] = {"B3", 5.0};
+  app->Invoke("Range", CallKind::Put, values);
+  EXPECT_EQ(document.Value("Sheet1", "B3"), Variant(5.0));
+  const Variant sheet[] = {1, 5.0};
+  EXPECT_EQ(NumberOf([&] { app->Invoke("Worksheets", CallKind::Put, sheet); }), 438);
+}
+
 TEST_F(Objects, CallsAreCountedByObjectAndMember) {
   const auto range = Range("A1");
   host.ResetCalls();

@@ -10,7 +10,7 @@ class Keyboard : public WindowsFormTest {
   void Play(const std::function<void(Hands&)>& part) {
     const Player player([&](Hands& hands) {
       const auto window = hands.WaitFor(form);
-      Until([&] { return hands.Focus() != nullptr; });
+      Until([&] { return hands.Has(*form.ActiveControl()); });
       part(hands);
       hands.Close(window);
     });

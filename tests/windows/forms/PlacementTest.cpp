@@ -45,6 +45,14 @@ TEST_F(PlacementOnScreen, APlaceOffEveryDisplayIsMovedBack) {
   EXPECT_LE(Now().normal.bottom, desktop.bottom);
 }
 
+TEST_F(PlacementOnScreen, ACaptionAboveTheDisplayIsMovedBack) {
+  form.Load();
+  auto above = Now();
+  above.normal = {100, -300, 900, 500};
+  form.SetPlacement(above);
+  EXPECT_EQ(Now().normal.top, form.WindowPeer()->Desktop().top);
+}
+
 TEST_F(PlacementOnScreen, AMinimisedPlacementComesUpNormal) {
   form.Load();
   auto minimised = Now();

@@ -1,5 +1,5 @@
-' A script's variables of every kind through the by-reference arguments. The dialogs are closed by whoever runs this, or
-' not shown at all where there is no display: every answer is "cancelled".
+' A script's variables of every kind through the by-reference arguments. Whoever runs this closes the dialogs: every
+' answer is "cancelled".
 Option Explicit
 
 Sub Check(holds, name)

@@ -41,7 +41,15 @@ void ComboBoxPeer::TabbedTo() {
   if (Editable()) Send(CB_SETEDITSEL, 0, MAKELPARAM(0, -1));
 }
 
-void ComboBoxPeer::Placed() { FitHeight(); }
+void ComboBoxPeer::Placed() {
+  FitHeight();
+  // A resized combo marks its text as if it had the keyboard.
+  if (!::IsChild(Window(), ::GetFocus())) DropSelection();
+}
+
+void ComboBoxPeer::DropSelection() {
+  if (Editable()) Send(CB_SETEDITSEL, 0, MAKELPARAM(-1, 0));
+}
 
 void ComboBoxPeer::FontChanged() {
   PeerOf::FontChanged();
@@ -122,6 +130,8 @@ void ComboBoxPeer::OnCommand(WORD code) {
     case CBN_SELCHANGE: Self().PeerListIndex(static_cast<int>(Send(CB_GETCURSEL))); break;
     case CBN_CLOSEUP: ListClosed(); break;
     case CBN_SETFOCUS: FocusReported(); break;
+    // Wine leaves the mark in place.
+    case CBN_KILLFOCUS: DropSelection(); break;
     default: break;
   }
 }

@@ -44,7 +44,9 @@ WindowsControlPeer::WindowsControlPeer(WindowsFormPeer& form, pellora::Control& 
 
 WindowsControlPeer::~WindowsControlPeer() {
   m_form.Forget(*this);
-  if (m_window) ::DestroyWindow(m_window);
+  if (!m_window) return;
+  m_form.Names().Clear(m_window);
+  ::DestroyWindow(m_window);
 }
 
 void WindowsControlPeer::Changed(Aspect aspect) {
@@ -103,6 +105,9 @@ void WindowsControlPeer::Make(const wchar_t* windowClass, DWORD style, DWORD exS
   if (!m_window) throw Error(errors::OutOfMemory);
   FontChanged();
   UpdateToolTip();
+  // A picture or three dots name nothing, and a label may stand elsewhere than in front of its control.
+  const auto name = m_control.AccessibleName();
+  if (!name.empty() && name != DisplayText(m_control.Caption())) m_form.Names().Set(m_window, name);
 }
 
 LRESULT WindowsControlPeer::Send(UINT message, WPARAM wide, LPARAM low) const {

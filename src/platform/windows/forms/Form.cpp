@@ -115,11 +115,11 @@ void WindowsFormPeer::RefreshStates(pellora::Control& changed) {
       if (control == &changed) return true;
     return false;
   };
+  const auto* focused = PeerAt(::GetFocus());
   for (auto* peer : std::vector(m_peers))
     if (concerns(&peer->GetControl())) peer->RefreshState();
-  // A window that can no longer be used keeps the keyboard to itself.
-  const auto focus = ::GetFocus();
-  if (focus && PeerAt(focus) && !::IsWindowEnabled(PeerAt(focus)->Window())) FocusActive();
+  // The platform leaves the keyboard with no window at all when it takes it from one.
+  if (focused && !focused->GetControl().TakesFocus()) FocusActive();
 }
 
 INT_PTR CALLBACK WindowsFormPeer::DialogProc(HWND window, UINT message, WPARAM wide, LPARAM low) noexcept try {

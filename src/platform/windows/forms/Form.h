@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "forms/Form.h"
+#include "platform/windows/forms/AccessibleNames.h"
 #include "platform/windows/forms/Control.h"
 #include "platform/windows/forms/Fonts.h"
 #include "platform/windows/forms/Manifest.h"
@@ -47,6 +48,7 @@ class WindowsFormPeer : public FormPeer {
   HWND Window() const { return m_window.get(); }
   HWND Tips() const { return m_tips; }
   HINSTANCE Module() const { return m_surroundings.module; }
+  AccessibleNames& Names() { return m_names; }
   const Fonts& GetFonts() const { return *m_fonts; }
   bool IsShown() const;
   /// The id of the next child, as the platform's maker of windows takes it.
@@ -106,6 +108,7 @@ class WindowsFormPeer : public FormPeer {
 
   pellora::Form& m_form;
   Surroundings m_surroundings;
+  AccessibleNames m_names;
   std::optional<Fonts> m_fonts;
   WindowOwner m_window;
   HWND m_tips = nullptr;

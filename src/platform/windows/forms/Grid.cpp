@@ -14,6 +14,13 @@ constexpr UINT kCurrent = LVIS_SELECTED | LVIS_FOCUSED;
 /// Room above and below the text of a row together, as the layout counts it.
 constexpr int kRowPaddingDip = 6;
 
+/// Three parts of one colour and one of another.
+COLORREF Mixed(COLORREF most, COLORREF some) {
+  const auto mix = [](int a, int b) { return (3 * a + b) / 4; };
+  return RGB(mix(GetRValue(most), GetRValue(some)), mix(GetGValue(most), GetGValue(some)),
+             mix(GetBValue(most), GetBValue(some)));
+}
+
 }  // namespace
 
 GridPeer::GridPeer(WindowsFormPeer& form, pellora::Grid& grid) : PeerOf(form, grid) {
@@ -166,9 +173,25 @@ void GridPeer::Clicked(const NMITEMACTIVATE& click) {
     Self().PeerRow(click.iItem + 1, click.iSubItem);
 }
 
+LRESULT GridPeer::Paint(NMLVCUSTOMDRAW& step) const {
+  if (step.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
+  const auto isCurrent = static_cast<int>(step.nmcd.dwItemSpec) == Self().Row() - 1;
+  if (step.nmcd.dwDrawStage != CDDS_ITEMPREPAINT || !isCurrent || ::GetFocus() == Window()) return CDRF_DODEFAULT;
+  // The current row decides what the rest of a form shows, so it stays easy to see while the keyboard is elsewhere;
+  // natively it would hardly differ from the others.
+  step.nmcd.uItemState &= ~static_cast<UINT>(CDIS_SELECTED);
+  step.clrTextBk = Mixed(::GetSysColor(COLOR_WINDOW), ::GetSysColor(COLOR_HIGHLIGHT));
+  step.clrText = ::GetSysColor(COLOR_WINDOWTEXT);
+  return CDRF_DODEFAULT;
+}
+
 LRESULT GridPeer::OnNotify(const NMHDR& header) {
   switch (header.code) {
     case LVN_GETDISPINFOW: GiveText(reinterpret_cast<const NMLVDISPINFOW&>(header)); break;
+    case NM_CUSTOMDRAW:
+      // The header draws itself the same way.
+      if (header.hwndFrom != Window()) break;
+      return Paint(const_cast<NMLVCUSTOMDRAW&>(reinterpret_cast<const NMLVCUSTOMDRAW&>(header)));
     case LVN_ODFINDITEMW: return FindRow(reinterpret_cast<const NMLVFINDITEMW&>(header));
     case LVN_ITEMCHANGED:
       if (!IsSilent()) ItemChanged(reinterpret_cast<const NMLISTVIEW&>(header));

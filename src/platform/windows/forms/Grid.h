@@ -27,6 +27,7 @@ class GridPeer : public PeerOf<pellora::Grid> {
   void FollowRows();
   void FollowCurrentRow();
   void GiveText(const NMLVDISPINFOW& request) const;
+  LRESULT Paint(NMLVCUSTOMDRAW& step) const;
   LRESULT FindRow(const NMLVFINDITEMW& request) const;
   void ItemChanged(const NMLISTVIEW& change);
   void Clicked(const NMITEMACTIVATE& click);

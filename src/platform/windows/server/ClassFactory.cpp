@@ -35,7 +35,7 @@ HRESULT ClassFactory::CreateInstance(IUnknown* outer, REFIID id, void** object) 
   try {
     return ComPellora::Create(id, object);
   } catch (...) {
-    return ole::ReportCaught(__uuidof(_cPellora), "Pellora.cPellora.Class_Initialize");
+    return ole::ReportCaught(__uuidof(_cPellora), "Pellora.cPellora");
   }
 }
 

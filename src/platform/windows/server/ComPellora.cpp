@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "core/Error.h"
 #include "platform/windows/ole/CallShape.h"
 #include "platform/windows/ole/Convert.h"
 #include "platform/windows/ole/Failure.h"
@@ -33,6 +34,17 @@ bool AnyNull(const Pointers*... pointers) {
   return (... || (pointers == nullptr));
 }
 
+// Whatever goes wrong while an object is made, also around the portable one, its creator hears of it in one way.
+ComPtr<_cPellora> MakeOrRaise(_cPellora* (*make)()) {
+  ComPtr<_cPellora> made;
+  try {
+    made.attach(make());
+  } catch (...) {
+    throw Error(errors::Component(100), "Pellora.cPellora.Class_Initialize", "cPellora component failure");
+  }
+  return made;
+}
+
 // Makes all texts before it touches a variable, so that the variables change together or not at all.
 void WriteTexts(const ContractRecord& contract, const std::array<BSTR*, std::size(kTexts)>& variables) {
   std::array<BStr, std::size(kTexts)> texts;
@@ -47,8 +59,7 @@ void WriteTexts(const ContractRecord& contract, const std::array<BSTR*, std::siz
 }  // namespace
 
 HRESULT ComPellora::Create(REFIID id, void** object) {
-  ComPtr<_cPellora> made;
-  made.attach(new ComPellora);
+  const auto made = MakeOrRaise([]() -> _cPellora* { return new ComPellora; });
   return made->QueryInterface(id, object);
 }
 

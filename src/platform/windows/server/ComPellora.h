@@ -20,7 +20,8 @@ namespace pellora::windows {
 /// success only.
 class ComPellora final : public _cPellora, public ISupportErrorInfo {
  public:
-  /// Makes the object and answers an interface of it. Failures of its initialisation are raised.
+  /// Makes the object and answers an interface of it. Raises 0x80040064, "cPellora component failure", of source
+  /// "Pellora.cPellora.Class_Initialize" when that fails, for whatever reason.
   static HRESULT Create(REFIID id, void** object);
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) noexcept override;
