@@ -84,6 +84,8 @@ cPellora::cPellora() {
 cPellora::~cPellora() { Class_Terminate(); }
 
 void cPellora::Class_Initialize() {
+  // Without a platform none of the services could do its work: better to fail here than at the first dialog.
+  mGlobal::CurrentPlatform();
   m_errorHandler = std::make_shared<CErrorHandler>();
   m_errorHandler->Init(actions::Dialog, "Error Log.txt", true, false, 2, "Tracing Log.txt");
   m_appSettings = std::make_shared<CAppSettings>();
