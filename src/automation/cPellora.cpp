@@ -41,6 +41,18 @@ constexpr std::array kProjectFields = {
     ProjectField{&QuoteFields::Volume, &frmNewProject::chkVolume},
 };
 
+/// Lends the contract dialog the settings store, and takes it back whichever way the call ends.
+class LentSettings {
+ public:
+  explicit LentSettings(frmAddTicker& form) : m_form(form) { m_form.frmAppSettings(mGlobal::AppSettings); }
+  ~LentSettings() { m_form.frmAppSettings(nullptr); }
+  LentSettings(const LentSettings&) = delete;
+  LentSettings& operator=(const LentSettings&) = delete;
+
+ private:
+  frmAddTicker& m_form;
+};
+
 // A tag's number, 0 for an empty one.
 double TagValue(const Form& form) { return form.Tag().empty() ? 0 : Val(form.Tag()); }
 
@@ -131,7 +143,7 @@ bool cPellora::CreateNewProject(QuoteFields& fields) {
 std::int16_t cPellora::AddNewSymbol(ContractRecord& contract) {
   return Guarded("AddNewSymbol", [&]() -> std::int16_t {
     frmAddTicker form(mGlobal::CurrentPlatform().toolkit);
-    form.frmAppSettings(mGlobal::AppSettings);
+    const LentSettings settings(form);
     form.ComTypeListIndex(contract.ComTypeListIndex);
     Clear(contract);
     ShowModal(form);
@@ -139,7 +151,6 @@ std::int16_t cPellora::AddNewSymbol(ContractRecord& contract) {
     if (tag != kInsert && tag != kInsertNew) return kCancel;
     contract.ComTypeListIndex = static_cast<std::int16_t>(form.ComType.ListIndex());
     TakeContract(form, contract);
-    form.frmAppSettings(nullptr);
     return ToInteger(form.Tag());
   });
 }

@@ -74,8 +74,11 @@ class cPellora : private TapeOwner {
   /// cancelled.
   bool CreateNewProject(QuoteFields& fields);
 
-  /// Lets the user describe an instrument. 1: insert, 4: insert and ask again, 2: cancelled. `contract` is cleared in
-  /// any case but for its type, and filled as far as the method came when it fails; `Strike` is always 0.
+  /// Lets the user describe an instrument. 1: insert, 4: insert and ask again, 2: cancelled. All of `contract` but its
+  /// type is cleared before the dialog comes up, and an insert fills in what the chosen type has; `Strike` stays 0.
+  /// Preselecting a type that does not exist is reported to the user and selects none; an insert then answers with
+  /// type -1 and the rest cleared. When the method fails, `contract` is untouched as long as there was no dialog to
+  /// show (another one is open, no platform is installed), and cleared and filled as far as the method came otherwise.
   std::int16_t AddNewSymbol(ContractRecord& contract);
 
   /// Shows the ticker tape dialog, which lives on between calls. "CLOSE": finished; "DATABEGINNING": the workbook is to
