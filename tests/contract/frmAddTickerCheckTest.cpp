@@ -91,6 +91,11 @@ TEST_F(CheckParametr, AMultiplierOfOneHalfPasses) {
   EXPECT_TRUE(Check(kOption, {{"txtOPTSymbol", "XYZ"}, {"txtOPTMultiplier", "-1e2"}}, ""));
 }
 
+TEST_F(CheckParametr, AMultiplierTooLargeForANumberIsRefusedHereAndNeverOverflows) {
+  EXPECT_FALSE(Check(kFutures, {{"txtFUTSymbol", "XYZ"}, {"txtFUTMultiplier", "1e400"}}, NotANumber("Multiplier")));
+  EXPECT_EQ(focus, "txtFUTMultiplier");
+}
+
 TEST_F(CheckParametr, IndexNeedsItsTickerOnly) {
   EXPECT_TRUE(Check(kIndex, {{"txtINDSymbol", "XYZ"}}, ""));
   EXPECT_FALSE(Check(kIndex, {}, Empty("Ticker")));
