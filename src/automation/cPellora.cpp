@@ -53,6 +53,18 @@ class LentSettings {
   frmAddTicker& m_form;
 };
 
+// Counts the calls that are being carried out.
+class Busy {
+ public:
+  explicit Busy(int& calls) : m_calls(calls) { ++m_calls; }
+  ~Busy() { --m_calls; }
+  Busy(const Busy&) = delete;
+  Busy& operator=(const Busy&) = delete;
+
+ private:
+  int& m_calls;
+};
+
 // A tag's number, 0 for an empty one.
 double TagValue(const Form& form) { return form.Tag().empty() ? 0 : Val(form.Tag()); }
 
@@ -81,7 +93,9 @@ void TakeContract(frmAddTicker& form, ContractRecord& contract) {
 template <class Body>
 auto cPellora::Guarded(std::string_view method, Body&& body) {
   try {
-    RefuseWhileShowing();
+    const mGlobal::ThreadClaim thisThread;
+    RefuseWhileBusy();
+    const Busy busy(m_busy);
     UseOwnServices();
     return body();
   } catch (...) {
@@ -96,6 +110,7 @@ cPellora::cPellora() {
 cPellora::~cPellora() { Class_Terminate(); }
 
 void cPellora::Class_Initialize() {
+  m_thread.emplace();
   // Without a platform none of the services could do its work: better to fail here than at the first dialog.
   mGlobal::CurrentPlatform();
   m_errorHandler = std::make_shared<CErrorHandler>();
@@ -126,6 +141,7 @@ void cPellora::ExcelApplication(const Variant& application) {
 
 std::string cPellora::RefEditInputs() const { return TapeDialog().TapeAddress(); }
 void cPellora::RefEditInputs(std::string_view address) {
+  const Busy busy(m_busy);
   UseOwnServices();
   TapeDialog().TapeAddress(address);
 }
@@ -176,9 +192,11 @@ void cPellora::UnloadfrmMaster() {
   });
 }
 
-void cPellora::RefuseWhileShowing() const {
-  if (!m_showing) return;
-  if (FormPeer* window = m_showing->WindowPeer()) window->BringToFront();
+// A method lets the host work while a dialog is up, also while it reports an error: what the host calls then must not
+// pull a form away from under it.
+void cPellora::RefuseWhileBusy() const {
+  if (m_busy == 0) return;
+  if (FormPeer* window = m_showing ? m_showing->WindowPeer() : nullptr) window->BringToFront();
   throw Error(errors::InvalidCall);
 }
 

@@ -1,5 +1,6 @@
 #include "forms/CheckBox.h"
 #include "forms/ComboBox.h"
+#include "forms/CommandButton.h"
 #include "forms/TextBox.h"
 #include "tests/automation/AutomationTest.h"
 #include "workbook/Host.h"
@@ -9,6 +10,7 @@ namespace {
 
 using headless::UserAtForm;
 using tests::Caught;
+using tests::ExpectComponentFailure;
 using tests::JunkContract;
 using tests::kJunkFields;
 
@@ -350,6 +352,78 @@ TEST_F(cPelloraTest, TheTapeDialogIsKeptBetweenShowingsAndReleasedByUnloadfrmMas
   object.UnloadfrmMaster();
   EXPECT_EQ(Caught([&] { object.RefEditInputs(); }).Number(), 91);
   EXPECT_EQ(platform.toolkit.formPeers, 0);
+}
+
+TEST_F(cPelloraTest, PickingALocationAnswersDataBeginningAndTheDialogComesBackWithIt) {
+  workbook::Host host;
+  cPellora object;
+  object.ExcelApplication(Variant(host.Application()));
+  platform.user().AnswerErrorDialogs("btnIgnore");
+  AtForm("frmAddRibbon", [](UserAtForm& user) {
+    // Without quotes the button cannot be used; a workbook's own code may show it all the same.
+    user.Get<CommandButton>("ButGetAddress").Enabled(true);
+    user.Click("ButGetAddress");
+  });
+  EXPECT_EQ(object.ShowRefEditInterface(), "DATABEGINNING");
+  object.RefEditInputs("Sheet1!B3");
+  std::string location;
+  AtForm("frmAddRibbon", [&](UserAtForm& user) {
+    location = user.Get<TextBox>("txtAddress").Text();
+    user.Click("ButCancel");
+  });
+  EXPECT_EQ(object.ShowRefEditInterface(), "CLOSE");
+  EXPECT_EQ(location, "Sheet1!B3:C22");
+}
+
+TEST_F(cPelloraTest, AfterUnloadfrmMasterTheTapeDialogIsMadeAnew) {
+  workbook::Host host;
+  cPellora object;
+  object.ExcelApplication(Variant(host.Application()));
+  platform.user().AnswerErrorDialogs("btnIgnore");
+  AtForm("frmAddRibbon", [](UserAtForm& user) {
+    user.Get<TextBox>("txtName").Text("kept until unloaded");
+    user.Click("ButCancel");
+  });
+  object.ShowRefEditInterface();
+  object.UnloadfrmMaster();
+  std::string name;
+  AtForm("frmAddRibbon", [&](UserAtForm& user) {
+    name = user.Get<TextBox>("txtName").Text();
+    user.Click("ButCancel");
+  });
+  object.ShowRefEditInterface();
+  EXPECT_EQ(name, "");
+}
+
+TEST_F(cPelloraTest, TheTapeDialogIsNotReleasedUnderAnErrorThatItReports) {
+  workbook::Host host;
+  cPellora object;
+  object.ExcelApplication(Variant(host.Application()));
+  platform.user().AnswerErrorDialogs("btnIgnore");
+  AtForm("frmAddRibbon", [](UserAtForm& user) { user.Click("ButCancel"); });
+  object.ShowRefEditInterface();
+  platform.user().AnswerErrorDialogs("");
+  AtForm("frmErrorMessage", [&](UserAtForm& user) {
+    ExpectComponentFailure([&] { object.UnloadfrmMaster(); }, "Pellora.cPellora.UnloadfrmMaster");
+    user.Click("btnAbort");
+  });
+  // The last column has no room for a tape of two.
+  object.RefEditInputs("Sheet1!XFD1");
+  EXPECT_NO_THROW(object.UnloadfrmMaster());
+}
+
+TEST_F(cPelloraTest, AnotherThreadIsRefusedWhileAnObjectLives) {
+  cPellora object;
+  std::thread([] { ExpectComponentFailure([] { cPellora other; }, "Pellora.cPellora.Class_Initialize"); }).join();
+  QuoteFields fields;
+  std::thread([&] {
+    ExpectComponentFailure([&] { object.CreateNewProject(fields); }, "Pellora.cPellora.CreateNewProject");
+  }).join();
+}
+
+TEST_F(cPelloraTest, AnotherThreadMayFollowWhenNoObjectLives) {
+  { cPellora object; }
+  std::thread([] { EXPECT_NO_THROW(cPellora()); }).join();
 }
 
 TEST_F(cPelloraTest, RefEditInputsReachTheTapeDialog) {
