@@ -1,6 +1,7 @@
 #include "Hands.h"
 #include "SampleForm.h"
 #include "forms/Pages.h"
+#include "platform/windows/forms/Fonts.h"
 #include "platform/windows/forms/ListItems.h"
 #include "platform/windows/forms/WideText.h"
 
@@ -207,6 +208,16 @@ TEST_F(Controls, AnItemChosenByCodeInAComboWithoutTheFocusIsNotMarked) {
   });
 }
 
+TEST_F(Controls, AComboThatIsResizedWithoutTheFocusMarksNothing) {
+  form.com.Text("SMART");
+  Play([&](Hands& hands) {
+    const auto window = hands.WaitFor(form);
+    ::SendMessageW(window, WM_SYSCOMMAND, SC_MAXIMIZE, 0);
+    EXPECT_TRUE(Until([&] { return ::IsZoomed(window) != FALSE; }));
+    EXPECT_EQ(Marked(form.com), 0);
+  });
+}
+
 TEST_F(Controls, TabMarksTheTextOfACombo) {
   form.com.Text("SMART");
   Play([&](Hands& hands) {
@@ -215,13 +226,13 @@ TEST_F(Controls, TabMarksTheTextOfACombo) {
   });
 }
 
-/// How many more pixels there are below the room for an edit's text than above it.
-int OffCentre(HWND edit, HWND whole) {
-  RECT text{}, around{};
-  ::GetClientRect(edit, &text);
-  ::MapWindowPoints(edit, nullptr, reinterpret_cast<POINT*>(&text), 2);
+/// How many more pixels there are below an edit's line of text than above it, in the edit or the combo around it.
+int OffCentre(HWND edit, HWND whole, int lineHeight) {
+  POINT line{};
+  RECT around{};
+  ::ClientToScreen(edit, &line);
   ::GetWindowRect(whole, &around);
-  return static_cast<int>((around.bottom - text.bottom) - (text.top - around.top));
+  return static_cast<int>((around.bottom - line.y - lineHeight) - (line.y - around.top));
 }
 
 TEST_F(Controls, TextStandsInTheMiddleOfBoxesAndCombosAtEveryScale) {
@@ -229,9 +240,10 @@ TEST_F(Controls, TextStandsInTheMiddleOfBoxesAndCombosAtEveryScale) {
     toolkit.ForceDpi(dpi);
     SampleForm scaled(toolkit);
     scaled.Load();
+    const auto height = Fonts(dpi).Measure("Ag", TextStyle::Normal).height;
     const auto box = Hands::Of(scaled.txt), combo = Hands::Of(scaled.com);
-    EXPECT_LE(std::abs(OffCentre(box, box)), 1) << dpi;
-    EXPECT_LE(std::abs(OffCentre(::GetWindow(combo, GW_CHILD), combo)), 1) << dpi;
+    EXPECT_LE(std::abs(OffCentre(box, box, height)), 1) << dpi;
+    EXPECT_LE(std::abs(OffCentre(::GetWindow(combo, GW_CHILD), combo, height)), 1) << dpi;
   }
 }
 
