@@ -74,8 +74,9 @@ class cPellora : private TapeOwner {
   /// cancelled.
   bool CreateNewProject(QuoteFields& fields);
 
-  /// Lets the user describe an instrument. 1: insert, 4: insert and ask again, 2: cancelled. `contract` is cleared in
-  /// any case but for its type, and filled as far as the method came when it fails; `Strike` is always 0.
+  /// Lets the user describe an instrument. 1: insert, 4: insert and ask again, 2: cancelled. `contract` is cleared but
+  /// for its type once the dialog is there, and filled as far as the method came when it fails; `Strike` is then always
+  /// 0. A call that is refused before that leaves it as it is.
   std::int16_t AddNewSymbol(ContractRecord& contract);
 
   /// Shows the ticker tape dialog, which lives on between calls. "CLOSE": finished; "DATABEGINNING": the workbook is to
