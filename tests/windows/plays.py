@@ -7,6 +7,7 @@ from player import Player, PlayError
 PROJECT = "Choose market data fields for project "
 TICKER = "Add new ticker"
 TAPE = "Ticker tape"
+ERROR = "Error"
 
 
 def close_box(player, dialog):
@@ -65,6 +66,38 @@ def roundtrip(player):
     if not dialog.button("last size").checked:
         raise PlayError("the dialog has forgotten its choices")
     close_box(player, dialog)
+
+
+def answer_errors(player, button, expected):
+    """Answers error dialogs with that button, by the mouse, until the ticker tape dialog is ready for input."""
+    answered = 0
+    while True:
+
+        def ready():
+            return next((w for w in player.windows() if w.caption in (ERROR, TAPE) and w.enabled and w.active), None)
+
+        dialog = player.until("an error or the ticker tape dialog", ready)
+        if dialog.caption == TAPE:
+            break
+        text = dialog.box(0).text
+        if expected not in text or "The call stack is:" not in text:
+            raise PlayError(f"the error dialog tells '{text}'")
+        player.click(dialog.button(button))
+        player.gone(dialog)
+        answered += 1
+    if answered == 0:
+        raise PlayError("no error dialog came up")
+    return dialog
+
+
+def failing(player):
+    for button in ("Ignore", "Abort"):
+        dialog = answer_errors(player, button, "in Pellora.frmAddRibbon.")
+        close_box(player, dialog)
+    # The object goes on working.
+    dialog = player.wait(PROJECT)
+    player.key("Escape")
+    player.gone(dialog)
 
 
 if __name__ == "__main__":
