@@ -100,6 +100,38 @@ def failing(player):
     player.gone(dialog)
 
 
+def sample(player):
+    """Both sample clients ask for the same: fields, instruments until cancelled, a tape whose place is handed in."""
+    dialog = player.wait(PROJECT)
+    player.click(dialog.button("Volume"))
+    player.waiting(dialog, "the tick", lambda w: w.button("Volume").checked)
+    player.click(dialog.button("Create project"))
+    player.gone(dialog)
+    dialog = player.wait(TICKER)
+    player.replace(dialog, dialog.labelled("Ticker"), "ABC")
+    player.tab_to(dialog, dialog.labelled("Primary Exchange"))
+    player.replace(dialog, dialog.labelled("Primary Exchange"), "NYSE")
+    player.press(dialog, "Insert & new")
+    player.gone(dialog)
+    dialog = player.wait(TICKER)
+    player.key("Escape")
+    player.gone(dialog)
+    dialog = player.wait(TAPE)
+    player.click(dialog.button("..."))
+    player.gone(dialog)
+    dialog = player.wait(TAPE)
+    player.waiting(dialog, "the location handed in", lambda w: w.box(2).text != "")
+    player.press(dialog, "Insert >>")
+    player.gone(dialog)
+
+
+def one_dialog(player):
+    """A check that the library shows its dialogs at all."""
+    dialog = player.wait(PROJECT)
+    player.key("Escape")
+    player.gone(dialog)
+
+
 if __name__ == "__main__":
     try:
         with Player(sys.argv[2]) as the_player:
