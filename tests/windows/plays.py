@@ -100,6 +100,7 @@ def failing(player):
     player.gone(dialog)
 
 
+<<<<<<< HEAD
 def sample(player):
     """Both sample clients ask for the same: fields, instruments until cancelled, a tape whose place is handed in."""
     dialog = player.wait(PROJECT)
@@ -130,6 +131,60 @@ def one_dialog(player):
     dialog = player.wait(PROJECT)
     player.key("Escape")
     player.gone(dialog)
+=======
+def lists(player):
+    ticker = player.wait(TICKER)
+    editor = open_editor(player, ticker)
+    entries = editor.labelled("Entries")
+    before = player.items(entries)
+    player.key("alt+e")
+    player.waiting(editor, "the list to have the focus", lambda w: w.has_focus(entries))
+    player.key("Home", "alt+Down")
+    player.until("the first entry to move down", lambda: player.items(entries)[:2] == [before[1], before[0]])
+    # Alt, let go, must not have opened the window's menu: the next key is still the list's.
+    player.key("Up")
+    player.waiting(editor, "the first entry", lambda w: w.same(entries).value == "0")
+    player.key("Down", "alt+Up")
+    player.until("the entry to move back", lambda: player.items(entries) == before)
+
+    # How the user leaves the window is how it comes up again; it is hidden first and saved after.
+    switch_size(player, editor)
+    player.press(editor, "Save")
+    player.gone(editor)
+    editor = open_editor(player, ticker)
+    if not fills_display(editor):
+        raise PlayError("the maximised editor came up small")
+    switch_size(player, editor)
+    player.key("Escape")
+    player.gone(editor)
+    editor = open_editor(player, ticker)
+    if fills_display(editor):
+        raise PlayError("the restored editor came up maximised")
+    player.key("Escape")
+    player.gone(editor)
+    player.wait(TICKER)
+    player.key("Escape")
+    player.gone(ticker)
+
+
+def open_editor(player, ticker):
+    player.wait(TICKER)
+    player.click(player.again(ticker).button("..."))
+    return player.wait("Edit exchanges list for Stock")
+
+
+def fills_display(window):
+    return window.right - window.left > 1200
+
+
+def switch_size(player, window):
+    """Maximises a window, or takes that back, by a double click on its caption."""
+    before = fills_display(player.again(window))
+    now = player.again(window)
+    player.click_at((now.left + now.right) // 2, now.top + 10, count=2)
+    player.waiting(window, "the window's other size", lambda w: fills_display(w) != before)
+    player.steady(window)
+>>>>>>> winforms
 
 
 if __name__ == "__main__":

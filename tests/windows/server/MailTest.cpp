@@ -85,12 +85,12 @@ HWND Child(HWND dialog, const wchar_t* caption) {
   return search.found;
 }
 
-void ClickWithMouse(HWND window) {
-  RECT place{};
-  GetWindowRect(window, &place);
-  SetCursorPos(static_cast<int>(place.left + place.right) / 2, static_cast<int>(place.top + place.bottom) / 2);
-  mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
-  mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
+// What the mouse gives the button itself: where the display believes the mouse to be is not certain while a window
+// comes up.
+void Click(HWND window) {
+  const LPARAM inside = MAKELPARAM(5, 5);
+  PostMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, inside);
+  PostMessageW(window, WM_LBUTTONUP, 0, inside);
 }
 
 std::string TextIn(HWND window) {
@@ -119,9 +119,10 @@ struct Sending {
       return search.found && GetForegroundWindow() == search.found && Child(search.found, L"Send to Support");
     });
     text = TextIn(FindWindowExW(search.found, nullptr, L"EDIT", nullptr));
-    ClickWithMouse(Child(search.found, L"Send to Support"));
-    if (Until([&] { return std::filesystem::exists(file); })) mailed = ContentOf(file);
-    ClickWithMouse(Child(search.found, L"Ignore"));
+    Click(Child(search.found, L"Send to Support"));
+    // While it is given its name the file cannot be opened.
+    Until([&] { return !(mailed = ContentOf(file)).empty(); });
+    Click(Child(search.found, L"Ignore"));
   }
 };
 
