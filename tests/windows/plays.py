@@ -100,7 +100,6 @@ def failing(player):
     player.gone(dialog)
 
 
-<<<<<<< HEAD
 def sample(player):
     """Both sample clients ask for the same: fields, instruments until cancelled, a tape whose place is handed in."""
     dialog = player.wait(PROJECT)
@@ -131,7 +130,8 @@ def one_dialog(player):
     dialog = player.wait(PROJECT)
     player.key("Escape")
     player.gone(dialog)
-=======
+
+
 def lists(player):
     ticker = player.wait(TICKER)
     editor = open_editor(player, ticker)
@@ -184,7 +184,6 @@ def switch_size(player, window):
     player.click_at((now.left + now.right) // 2, now.top + 10, count=2)
     player.waiting(window, "the window's other size", lambda w: fills_display(w) != before)
     player.steady(window)
->>>>>>> winforms
 
 
 if __name__ == "__main__":
