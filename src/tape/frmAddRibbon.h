@@ -156,7 +156,8 @@ class frmAddRibbon : public Form, protected Routines {
   // Writer and settings sheet.
   void AddSymbolToSheet();
   void ColorSelectRange();
-  /// The last cell of a sheet that holds anything, in relative form; `StartCell` when none does.
+  /// The last cell of a sheet that holds anything, in relative form; `StartCell` when none does, empty when a failure
+  /// that the user ignored keeps it unknown.
   void GotoLastCell(std::string_view StartCell, std::string_view SheetName, std::string& Address);
   /// Takes the recorded tapes of a quote row into `LinkAddresses`. The settings sheet is read by the first call of a
   /// load only.

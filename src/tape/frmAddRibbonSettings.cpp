@@ -38,11 +38,13 @@ std::string frmAddRibbon::LastUsedCell(Steps& step, const excel::Application& ex
   if (last && !IsBlank(step([&] { return last.Value(); }))) return step([&] { return last.Address(false); });
   // The used area can reach beyond what the sheet holds: formats, and cells that were cleared.
   const auto cells = step([&] { return excel.ActiveSheet().Cells(); });
-  const auto lowest = step([&] { return cells.FindPrevious("*", excel::xlByRows); });
-  const auto rightmost = step([&] { return cells.FindPrevious("*", excel::xlByColumns); });
-  if (!lowest || !rightmost) return std::string(startCell);
-  const auto row = step([&] { return lowest.Row(); });
-  const auto column = step([&] { return rightmost.Column(); });
+  // Nothing found and not searched are two things: the one is an empty sheet, of the other nothing is known.
+  const auto lowest = step([&] { return std::optional(cells.FindPrevious("*", excel::xlByRows)); });
+  const auto rightmost = step([&] { return std::optional(cells.FindPrevious("*", excel::xlByColumns)); });
+  if (!lowest || !rightmost) return {};
+  if (!*lowest || !*rightmost) return std::string(startCell);
+  const auto row = step([&] { return lowest->Row(); });
+  const auto column = step([&] { return rightmost->Column(); });
   return RelativeAddress({row, column, row, column});
 }
 

@@ -42,6 +42,8 @@ excel::Range frmAddRibbon::NewRecord(Steps& step, const excel::Application& exce
   std::string lastCell;
   GotoLastCell("A1", kSettingsSheet, lastCell);
   const auto lastRow = step([&] { return RowOf(excel, lastCell); });
+  // Without knowing where the records begin and end, nothing is written: it could be over one of them.
+  if (firstRow < 1 || lastRow < 1) return {};
   return step([&] { return table.Cells(lastRow - firstRow + 3, 1); });
 }
 
