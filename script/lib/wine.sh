@@ -1,12 +1,13 @@
 # Wine in a prefix of its own; to be sourced after common.sh.
 
-# start_wine [NAME]: prepares the environment of the private prefix build/wine-NAME, makes the prefix when it is not
-# there yet, and keeps its server running until the script ends.
+# start_wine [NAME [win64|win32]]: prepares the environment of the private prefix build/wine-NAME, makes the prefix when
+# it is not there yet, and keeps its server running until the script ends.
 start_wine() {
-  export WINEPREFIX=$root/build/wine${1:+-$1} WINEDEBUG=-all WINEARCH=win64
+  export WINEPREFIX=$root/build/wine${1:+-$1} WINEDEBUG=-all WINEARCH=${2:-win64}
   # No .NET, no HTML engine, and no debugger: after a crash it would wait for somebody to look.
   export WINEDLLOVERRIDES="mscoree=;mshtml=;winedbg.exe="
   command -v wine >/dev/null || fail "Wine is not installed"
+  _prefer_loader
   at_exit "stop_wine"
   # The programs of a warm server start in a tenth of a second. Its output is closed, or whoever reads ours waits for
   # the server's end.
@@ -22,6 +23,7 @@ start_wine() {
 stop_wine() {
   [[ -n ${WINEPREFIX:-} ]] || return 0
   timeout -k 1 10 wineserver -k </dev/null >/dev/null 2>&1 || true
+  PATH=${PATH#"$root/build/wine64-bin:"}
 }
 
 # run_wine SECONDS PROGRAM...: runs a Windows program with a time limit. Ends with the program's code, or 124.
@@ -54,6 +56,17 @@ windows_path() {
   local path
   path=$(realpath -m "$1")
   printf 'Z:%s' "${path//\//\\}"
+}
+
+# Where both Wines are installed, "wine" is the 32-bit one and would start 32-bit programs of the system in a 64-bit
+# prefix too: there the 64-bit one goes by that name.
+_prefer_loader() {
+  local loader=/usr/lib/wine/wine64
+  [[ $WINEARCH == win64 && -x /usr/lib/wine/wine && -x $loader ]] || return 0
+  mkdir -p "$root/build/wine64-bin"
+  printf '#!/bin/sh\nexport WINELOADER=%s\nexec %s "$@"\n' "$loader" "$loader" >"$root/build/wine64-bin/wine"
+  chmod +x "$root/build/wine64-bin/wine"
+  [[ :$PATH: == *":$root/build/wine64-bin:"* ]] || export PATH=$root/build/wine64-bin:$PATH
 }
 
 _prepare_prefix() {
