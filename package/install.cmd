@@ -16,7 +16,7 @@ if not exist "%narrow%\regsvr32.exe" set "narrow="
 if not defined wide if not defined narrow set "narrow=%native%"
 
 call tasklist /nh /fi "imagename eq EXCEL.EXE" >"%TEMP%\Pellora-running.txt" 2>nul
-find /i "EXCEL.EXE" "%TEMP%\Pellora-running.txt" >nul 2>nul
+find "EXCEL.EXE" <"%TEMP%\Pellora-running.txt" >nul 2>nul
 if not errorlevel 1 goto running
 del "%TEMP%\Pellora-running.txt" 2>nul
 

@@ -15,10 +15,12 @@ if not exist "%narrow%\regsvr32.exe" set "narrow="
 if not defined wide if not defined narrow set "narrow=%native%"
 
 call tasklist /nh /fi "imagename eq EXCEL.EXE" >"%TEMP%\Pellora-running.txt" 2>nul
-find /i "EXCEL.EXE" "%TEMP%\Pellora-running.txt" >nul 2>nul
+find "EXCEL.EXE" <"%TEMP%\Pellora-running.txt" >nul 2>nul
 if not errorlevel 1 goto running
 del "%TEMP%\Pellora-running.txt" 2>nul
 
+rem An installation that did not come to its end may have left folders alone.
+if not exist "%home%\win64\Pellora.dll" rmdir /s /q "%home%" 2>nul
 if not exist "%home%" goto nothing
 set "failed="
 if defined wide "%native%\regsvr32.exe" /s /u /n /i:user "%home%\win64\Pellora.dll"

@@ -15,6 +15,9 @@ SYSTEM = {
     "shell32.dll", "user32.dll", "uxtheme.dll", "version.dll", "dwmapi.dll", "shlwapi.dll", "comdlg32.dll",
 }
 
+# Relocatable to random places, data is not run, and on 64-bit the places are far apart.
+FLAGS = {"x86-64": ["DYNAMIC_BASE", "NX_COMPAT", "HIGH_ENTROPY_VA"], "i386": ["DYNAMIC_BASE", "NX_COMPAT"]}
+
 DOORS = {"DllCanUnloadNow", "DllGetClassObject", "DllRegisterServer", "DllUnregisterServer"}
 MORE_DOORS = {"DllInstall"}
 
@@ -27,11 +30,24 @@ def check(holds, fact, found=""):
     print(("ok " if holds else "not ok ") + fact + (f" ({found})" if found and not holds else ""))
 
 
+def objdump(option, path):
+    command = ["x86_64-w64-mingw32-objdump", option, path]
+    return subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True).stdout
+
+
+def symbols(path):
+    return objdump("-t", path)
+
+
+def executable_data(path):
+    """The names of sections that code can write to and run."""
+    sections = re.findall(r"^\s*\d+ (\S+).*\n\s+(.*)$", objdump("-h", path), re.MULTILINE)
+    return ", ".join(name for name, flags in sections if "CODE" in flags and "READONLY" not in flags)
+
+
 def main():
     path, machine = sys.argv[1:]
-    dump = subprocess.run(
-        ["x86_64-w64-mingw32-objdump", "-p", path], stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True
-    ).stdout
+    dump = objdump("-p", path)
     check(f"file format {MACHINES[machine]}" in dump, f"is a {machine} image")
     imports = {name.lower() for name in re.findall(r"DLL Name: (\S+)", dump)}
     check(imports and imports <= SYSTEM, "imports system DLLs only", ", ".join(sorted(imports - SYSTEM)))
@@ -39,6 +55,12 @@ def main():
     check(set(exports) - MORE_DOORS == DOORS, "exports the doors of a server and no more", ", ".join(exports))
     with open(path, "rb") as file:
         content = file.read()
+    check(len(content) < 1_500_000, "is smaller than 1.5 MB", str(len(content)))
+    check("no symbols" in symbols(path), "is stripped")
+    check(re.search(r"^Time/Date\s+(Thu Jan  1 00:00:00 1970|.*not set.*)$", dump, re.MULTILINE), "has no day of its making")
+    for flag in FLAGS[machine]:
+        check(flag in dump, f"has the flag {flag}")
+    check(not executable_data(path), "has no section that is both written and run", executable_data(path))
     check("TYPELIB".encode("utf-16-le") in content and b"MSFT\x02\x00\x01\x00" in content, "carries its type library")
     check("VS_VERSION_INFO".encode("utf-16-le") in content, "carries its version")
     check(b"Microsoft.Windows.Common-Controls" in content, "carries the manifest of the common controls")

@@ -17,7 +17,9 @@ def cases_of(folder):
             if case.find("failure") is not None:
                 yield "failed", name
             elif case.find("skipped") is not None or case.get("status") == "notrun":
-                yield "skipped", name
+                skipped = case.find("skipped")
+                reason = " ".join((skipped.get("message") or "").split()) if skipped is not None else "disabled"
+                yield "skipped", f"{name} ({reason})"
             else:
                 yield "passed", name
     for path in sorted(folder.rglob("*.tap")):

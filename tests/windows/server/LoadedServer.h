@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <string>
 #include <thread>
+#include <utility>
 
 #include "Pellora_idl.h"
 #include "platform/windows/ole/Owners.h"
@@ -19,10 +20,10 @@ class LoadedServer : public testing::Test {
  protected:
   LoadedServer() {
     CoInitialize(nullptr);
-    m_module = LoadLibraryW(Path().c_str());
+    Load();
   }
   ~LoadedServer() override {
-    if (m_module) FreeLibrary(m_module);
+    Unload();
     CoUninitialize();
   }
   void SetUp() override { ASSERT_NE(m_module, nullptr) << "cannot load Pellora.dll, error " << GetLastError(); }
@@ -34,6 +35,12 @@ class LoadedServer : public testing::Test {
     // The program lies in tests/windows/server of the tree that the DLL is in the root of.
     return (std::filesystem::path(self).parent_path() / L"..\\..\\..\\Pellora.dll").lexically_normal().wstring();
   }
+
+  void Load() { m_module = LoadLibraryW(Path().c_str()); }
+  void Unload() {
+    if (m_module) FreeLibrary(std::exchange(m_module, nullptr));
+  }
+  HMODULE Module() const { return m_module; }
 
   template <class Function>
   Function* Door(const char* name) {

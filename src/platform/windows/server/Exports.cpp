@@ -5,6 +5,12 @@
 #include "platform/windows/server/Module.h"
 #include "platform/windows/server/Registration.h"
 
+// The run time's own, which no header declares.
+extern "C" const IMAGE_TLS_DIRECTORY _tls_used;
+namespace __gnu_cxx {
+void __freeres();
+}
+
 // The doors of the module, by the names the system looks for. Nothing is thrown through them.
 namespace {
 
@@ -19,17 +25,36 @@ HRESULT Door(Body&& body) noexcept {
   }
 }
 
+// The caller gets the code; the text with the registry key becomes the thread's error object.
 HRESULT ChangeRegistration(bool install, windows::Audience audience) noexcept {
-  return Door([&] {
+  try {
     install ? windows::Register(audience) : windows::Unregister(audience);
     return S_OK;
-  });
+  } catch (...) {
+    return ole::ReportCaught(GUID_NULL, "Pellora");
+  }
+}
+
+// The compiler's run time keeps a record with two handles for each thread it was used by, and gives it back only at
+// the thread's end. The host's thread goes on after an unload, so its end is told here, to the callbacks of this
+// module.
+void LetGoOfThread(HINSTANCE module) {
+  auto* callback = reinterpret_cast<const PIMAGE_TLS_CALLBACK*>(_tls_used.AddressOfCallBacks);
+  for (; callback && *callback; ++callback) (*callback)(module, DLL_THREAD_DETACH, nullptr);
+}
+
+// What the compiler's run time would leave in a host that unloads the library and lives on: also the memory it sets
+// aside, 70 KiB, for exceptions when there is no other.
+void LetGoOfRunTime(HINSTANCE module) {
+  __gnu_cxx::__freeres();
+  LetGoOfThread(module);
 }
 
 }  // namespace
 
-extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, void*) {
+extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, void* processEnds) {
   if (reason == DLL_PROCESS_ATTACH) windows::ThisModule(module);
+  if (reason == DLL_PROCESS_DETACH && !processEnds) LetGoOfRunTime(module);
   return TRUE;
 }
 
