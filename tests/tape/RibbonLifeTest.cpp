@@ -234,6 +234,74 @@ TEST_F(TapeDialog, ClosingByTheUserIsCancelledAndKeepsTheMode) {
   EXPECT_EQ(mode, kUnloadByUser);
 }
 
+/// The workbook is to pick a location; then the window is closed while its place cannot be saved.
+class UnsavedPlace : public TapeDialog {
+ protected:
+  void CloseAnswering(std::string_view answer) {
+    Workbook().Instruments(1);
+    Use([](UserAtForm& user) { user.Click("ButGetAddress"); });
+    ASSERT_EQ(dialog->Tag(), "DATABEGINNING");
+    platform.registry.refuseWrites = 5;
+    platform.user().AnswerErrorDialogs(answer);
+    Use([](UserAtForm& user) { user.CloseBox(); });
+    EXPECT_EQ(ReportedRoutines(), (std::vector<std::string>{"Form_QueryUnload"}));
+  }
+};
+
+TEST_F(UnsavedPlace, ClosingWithAbortStillHidesSaysCloseAndKeepsItLoaded) {
+  CloseAnswering("btnAbort");
+  EXPECT_EQ(dialog->Tag(), "CLOSE");
+  EXPECT_FALSE(dialog->Shown());
+  EXPECT_TRUE(dialog->Loaded());
+}
+
+TEST_F(UnsavedPlace, ClosingWithIgnoreHidesSaysCloseAndKeepsItLoaded) {
+  CloseAnswering("btnIgnore");
+  EXPECT_EQ(dialog->Tag(), "CLOSE");
+  EXPECT_FALSE(dialog->Shown());
+  EXPECT_TRUE(dialog->Loaded());
+}
+
+TEST_F(UnsavedPlace, TheProgramsOwnUnloadProceedsAlsoWhenItIsAborted) {
+  Workbook();
+  dialog->Load();
+  platform.registry.refuseWrites = 5;
+  platform.user().ExpectErrorDialog("btnAbort");
+  dialog->Unload();
+  EXPECT_FALSE(dialog->Loaded());
+}
+
+TEST_F(TapeDialog, LoadingRunsItsStepsInTheirOrder) {
+  Workbook();
+  const auto names = Entered([&] { dialog->Load(); });
+  std::vector<std::string> steps;
+  for (const auto& name : names)
+    if (name != "CheckAddres") steps.push_back(name);
+  EXPECT_EQ(steps, (std::vector<std::string>{"Form_Load", "EnableOptionButton", "OpredTotalOpt", "LoadTable",
+                                             "GotoLastCell", "EnableGroup", "EnableSizeName", "ViewToTable",
+                                             "modifyAddress", "ReturnColumnsCount"}));
+}
+
+TEST_F(TapeDialog, ItsPlaceIsRestoredBeforeTheWorkbookIsRead) {
+  Workbook();
+  Use([](UserAtForm& user) {
+    auto place = *user.form().GetPlacement();
+    place.normal = {40, 50, 40 + place.normal.Width(), 50 + place.normal.Height()};
+    user.form().SetPlacement(place);
+    user.CloseBox();
+  });
+  NewDialog();
+  std::vector<int> lefts;
+  host.fail = [&](std::string_view, CallKind, std::uint64_t) {
+    lefts.push_back(dialog->GetPlacement()->normal.left);
+    return 0;
+  };
+  dialog->Load();
+  host.fail = {};
+  ASSERT_FALSE(lefts.empty());
+  EXPECT_EQ(lefts.front(), 40);
+}
+
 TEST_F(TapeDialog, LoadingWithoutAStoreIsReportedAndGoesOn) {
   Workbook().Instruments(1);
   dialog->AppSettings(nullptr);
@@ -333,6 +401,20 @@ TEST_F(Buttons, InsertAndNewIgnoresTheRefusalByIntentionAndShowsTheCurrentRowAga
     user.Click("ButInsertNew");
     EXPECT_EQ(dialog->VSFChart.Rows(), 2);
     EXPECT_TRUE(user.form().Shown());
+  });
+}
+
+TEST_F(Buttons, InsertAndNewDisablesTheChoicesOfARowThatIsIncompleteByThen) {
+  Workbook().Instruments(1);
+  Use([&](UserAtForm& user) {
+    dialog->VSFExcel.RowData(1, "0\r\n$A$2:$S$2");
+    platform.user().ExpectMessage("Please fill in the 'Tape location' field ");
+    user.Click("ButInsertNew");
+    for (const Control* control : std::initializer_list<const Control*>{
+             &dialog->OptLastPrice, &dialog->OptAskPrice, &dialog->OptBidPrice, &dialog->OptLow, &dialog->OptHigh,
+             &dialog->OptClose, &dialog->OptVolume, &dialog->chkLastSize, &dialog->txtName, &dialog->txtAddress,
+             &dialog->ButInsert, &dialog->ButInsertNew})
+      EXPECT_FALSE(control->Enabled()) << control->Name();
   });
 }
 
