@@ -59,18 +59,20 @@ std::string frmAddTicker::ComboBoxToStr(const ComboBox& combo) const {
 void frmAddTicker::LoadParamert() {
   routine("LoadParamert", [&](Steps& step) {
     const auto currency = step([&] { return Stored(kCurrency, kDefaultCurrency); });
-    for (const auto index : kCurrencyOrder)
-      step([&] {
-        Add_Combobox(this->*kSecurityTypes[index].currency, Stored(kCurrencies, kDefaultCurrencies), currency);
-      });
-    for (const auto index : kExchangeOrder) step([&] { LoadExchanges(kSecurityTypes[index]); });
+    for (const auto index : kCurrencyOrder) {
+      const auto currencies = step([&] { return Stored(kCurrencies, kDefaultCurrencies); });
+      step([&] { Add_Combobox(this->*kSecurityTypes[index].currency, currencies, currency); });
+    }
+    for (const auto index : kExchangeOrder)
+      LoadList(step, this->*kSecurityTypes[index].exchange, kSecurityTypes[index].defaultExchanges,
+               kSecurityTypes[index].defaultExchange);
     step([&] { txtPrimaryExchange.Text(Stored(txtPrimaryExchange.Name(), kDefaultPrimaryExchange)); });
     const auto expiry = step([&] { return NextMonthFromNow(); });
     for (auto* box : {&txtOPTExpiry, &txtFUTExpiry, &txtFOPExpiry})
       step([&] { box->Text(Stored(box->Name(), expiry)); });
     for (auto* box : {&txtOPTMultiplier, &txtFUTMultiplier})
       step([&] { box->Text(Stored(box->Name(), kDefaultMultiplier)); });
-    for (auto* right : {&ComOPTRight, &ComFOPRight}) step([&] { LoadRights(*right); });
+    for (auto* right : {&ComOPTRight, &ComFOPRight}) LoadList(step, *right, kDefaultRights, kDefaultRight);
   });
 }
 
@@ -111,15 +113,12 @@ void frmAddTicker::RunfrmModifyList(ComboBox& combo, std::string_view title) {
   });
 }
 
-void frmAddTicker::LoadExchanges(const SecurityType& type) {
-  auto& combo = this->*type.exchange;
-  const auto chosen = Stored(ChoiceKey(combo), type.defaultExchange);
-  Add_Combobox(combo, Stored(combo.Name(), type.defaultExchanges), chosen);
-}
-
-void frmAddTicker::LoadRights(ComboBox& right) {
-  const auto rights = Stored(right.Name(), kDefaultRights);
-  Add_Combobox(right, rights, Stored(ChoiceKey(right), kDefaultRight));
+// Each read is a statement of its own: a choice that cannot be read does not cost its list.
+void frmAddTicker::LoadList(Steps& step, ComboBox& combo, std::string_view defaultList,
+                            std::string_view defaultChoice) {
+  const auto chosen = step([&] { return Stored(ChoiceKey(combo), defaultChoice); });
+  const auto list = step([&] { return Stored(combo.Name(), defaultList); });
+  step([&] { Add_Combobox(combo, list, chosen); });
 }
 
 CAppSettings& frmAddTicker::Settings() const {

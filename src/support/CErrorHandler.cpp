@@ -192,7 +192,7 @@ ErrorAction CErrorHandler::ShowDialog(const std::string& text) {
 
 std::string CErrorHandler::RoutineName(std::string_view procedure) const {
   if (!procedure.empty()) return std::string(procedure);
-  return m_callStackEnabled && !m_stack.empty() ? m_stack.back().procedure : "Unknown";
+  return m_callStackEnabled && !m_stack.empty() ? std::string(CallStackTop()) : "Unknown";
 }
 
 std::string CErrorHandler::ComposeText(std::string_view routine) const {

@@ -31,13 +31,14 @@ class CErrorHandler {
  public:
   CErrorHandler();
 
+  /// Where Send to Support mails to; empty for nowhere.
+  const std::string& SupportMail() const { return m_supportMail; }
+  void SupportMail(std::string_view address) { m_supportMail = address; }
+
   /// Sets the six settings in the order of the parameters, each validated.
   void Init(std::int32_t ErrorHandlerActions, std::string_view ErrorLogFile, bool CallStackEnabled, bool TracingEnabled,
             std::int32_t TracingFlags, std::string_view TracingLogFile);
 
-  /// Where Send to Support mails to; empty for nowhere.
-  const std::string& SupportMail() const { return m_supportMail; }
-  void SupportMail(std::string_view address) { m_supportMail = address; }
   bool CallStackEnabled() const { return m_callStackEnabled; }
   void CallStackEnabled(bool enabled) { m_callStackEnabled = enabled; }
   const std::string& ErrorDescription() const { return m_errorDescription; }
@@ -50,6 +51,9 @@ class CErrorHandler {
   void ErrorLogFile(std::string_view path);
   std::int32_t ErrorNumber() const { return m_errorNumber; }
   void ErrorNumber(std::int32_t number) { m_errorNumber = number; }
+  /// A note that a host may keep here; the library neither reads nor writes it.
+  const std::string& Remark() const { return m_remark; }
+  void Remark(std::string_view text) { m_remark = text; }
   bool TracingEnabled() const { return m_tracingEnabled; }
   void TracingEnabled(bool enabled) { m_tracingEnabled = enabled; }
   std::int32_t TracingFlags() const { return m_tracingFlags; }
@@ -75,6 +79,10 @@ class CErrorHandler {
   /// further failure is logged, not shown, and answered with abort.
   ErrorAction HandleError(std::string_view Procedure, const Error& current, std::int32_t line);
 
+  /// The routine on top of the call stack; empty when there is none.
+  std::string_view CallStackTop() const {
+    return m_stack.empty() ? std::string_view() : std::string_view(m_stack.back().procedure);
+  }
   /// How many entries the call stack holds, and how many runs of equal entries they are stored as.
   std::size_t CallStackDepth() const { return m_depth; }
   std::size_t CallStackRuns() const { return m_stack.size(); }
@@ -103,6 +111,7 @@ class CErrorHandler {
   std::int32_t m_errorLine = 0;
   std::string m_errorLogFile = "Error Log.txt";
   std::string m_tracingLogFile = "Tracing Log.txt";
+  std::string m_remark;
   std::string m_errorDescription;
   std::string m_supportMail;
   bool m_runningOnNT = false;

@@ -24,6 +24,13 @@ class CErrorHandlerCallStack : public ::testing::Test {
   CErrorHandler handler;
 };
 
+TEST_F(CErrorHandlerCallStack, TopIsTheEntryPushedLast) {
+  EXPECT_EQ(handler.CallStackTop(), "");
+  handler.CallStackPush("A", "");
+  handler.CallStackPush("B", "");
+  EXPECT_EQ(handler.CallStackTop(), "B");
+}
+
 TEST_F(CErrorHandlerCallStack, PushingWorksWhileTheStackIsDisabled) {
   handler.CallStackEnabled(false);
   handler.CallStackPush("Pellora.A.B", "");

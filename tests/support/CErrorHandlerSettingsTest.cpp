@@ -30,7 +30,20 @@ TEST_F(CErrorHandlerSettings, DefaultsAreAMessageBoxAndNoCallStack) {
   EXPECT_EQ(handler.TracingLogFile(), "Tracing Log.txt");
   EXPECT_EQ(handler.ErrorDescription(), "");
   EXPECT_EQ(handler.SupportMail(), "");
+  EXPECT_EQ(handler.Remark(), "");
   EXPECT_EQ(handler.CallStackDepth(), 0u);
+}
+
+TEST_F(CErrorHandlerSettings, RemarkKeepsAnyText) {
+  handler.Remark("a note");
+  EXPECT_EQ(handler.Remark(), "a note");
+}
+
+TEST_F(CErrorHandlerSettings, ReportLeavesTheRemarkAlone) {
+  handler.Remark("a note");
+  handler.ErrorHandlerActions(actions::ErrorLog);
+  handler.HandleError("", Error(errors::TypeMismatch), 0);
+  EXPECT_EQ(handler.Remark(), "a note");
 }
 
 TEST_F(CErrorHandlerSettings, SystemWithAnEventLogIsRunningOnNT) { EXPECT_TRUE(handler.RunningOnNT()); }

@@ -170,6 +170,11 @@ TEST_F(ErrorDialog, LoadingBeepsOnce) {
   EXPECT_EQ(platform.user().Beeps(), 1);
 }
 
+TEST_F(ErrorDialog, LoadingComesToTheForegroundOnce) {
+  Show([](UserAtForm& user) { user.Click("btnAbort"); });
+  EXPECT_EQ(platform.toolkit.broughtToFront, std::vector<std::string>{"frmErrorMessage"});
+}
+
 TEST_F(ErrorDialog, LoadingPresetsAbort) {
   frmErrorMessage dialog(platform.toolkit);
   EXPECT_EQ(dialog.Tag(), "");

@@ -216,6 +216,8 @@ class HeadlessToolkit : public Toolkit {
   /// How many forms are being shown now, and how many peers of forms exist.
   int shown = 0;
   int formPeers = 0;
+  /// The forms that asked to be brought to the foreground, in order.
+  std::vector<std::string> broughtToFront;
 
  private:
   friend class HeadlessFormPeer;

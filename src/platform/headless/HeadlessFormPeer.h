@@ -19,7 +19,7 @@ class HeadlessFormPeer : public FormPeer {
   bool SetPlacement(const Placement& placement) override;
   Rect Desktop() override { return m_toolkit.desktop; }
   Size OuterSize() override;
-  void BringToFront() override {}
+  void BringToFront() override { m_toolkit.broughtToFront.push_back(m_form.Name()); }
 
   /// The least client area that the form's content needs.
   Size LeastClient() const;
