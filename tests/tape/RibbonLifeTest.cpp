@@ -1,6 +1,7 @@
 #include <set>
 
 #include "Desk.h"
+#include "forms/NaturalSize.h"
 
 namespace pellora::test {
 namespace {
@@ -141,6 +142,29 @@ TEST_F(TapeDialog, NothingOverlapsAtAnyScaleAndBothGridsGrowWithTheWindow) {
           EXPECT_TRUE(one == other || a.right <= b.left || b.right <= a.left || a.bottom <= b.top || b.bottom <= a.top)
               << one->Name() << " " << other->Name() << " at " << dpi;
         }
+    });
+  }
+}
+
+TEST_F(TapeDialog, AtItsLeastSizeNoHeaderIsWiderThanItsColumnsShare) {
+  Workbook().Instruments(1);
+  for (const int dpi : {96, 120, 144, 192}) {
+    platform.toolkit.dpi = dpi;
+    const headless::HeadlessMeasurer measurer(dpi);
+    NewDialog();
+    Use([&](UserAtForm& user) {
+      user.Resize({1, 1});
+      for (const Grid* grid : {&dialog->VSFExcel, &dialog->VSFChart}) {
+        const int room = grid->Bounds().Width() - measurer.Scale(17) - measurer.Scale(4);
+        int total = 0;
+        for (int i = 0; i < grid->Cols(); ++i) total += NaturalColumnWidth(*grid, i, measurer);
+        for (int i = 0; i < grid->Cols(); ++i) {
+          const auto& header = grid->ColumnAt(i).header;
+          const int share = room * NaturalColumnWidth(*grid, i, measurer) / total;
+          EXPECT_GE(share, measurer.Measure(header, TextStyle::Normal).width + measurer.Scale(12))
+              << header << " at " << dpi;
+        }
+      }
     });
   }
 }
