@@ -329,6 +329,17 @@ TEST_F(RecordPlace, AnIgnoredFailureOfTheRecordsCellWritesNeitherRecordNorTape) 
   ExpectNothingWritten("btnIgnore");
 }
 
+TEST_F(RecordPlace, AnIgnoredFailureOfOneCellOfTheRecordLeavesOutThatCellAlone) {
+  Start();
+  witness.Fail("Range(Tape_header_for_Ticker).Cells(3, 1).Cells(1, 1)");
+  platform.user().ExpectErrorDialog("btnIgnore");
+  dialog->AddSymbolToSheet();
+  EXPECT_EQ(Value(kSettings, "A3"), Variant());
+  EXPECT_EQ(Formula(kSettings, "B3"), "=TWS_Quotes!$N$2");
+  EXPECT_EQ(Recorded("D3"), "Sheet1!H3:I9");
+  EXPECT_EQ(Value("Sheet1", "I3"), Variant("XYZ"));
+}
+
 TEST_F(RecordPlace, ATableWhoseHeaderStandsBelowAllContentIsReportedAndItsHeaderNotWrittenOver) {
   Start(0);
   host.document().AddName("Tape_header_for_Ticker", "Ticker_tape_settings!$A$9");
