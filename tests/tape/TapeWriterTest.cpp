@@ -358,6 +358,7 @@ TEST_F(RecordPlace, OnAnEmptySheetTheFirstRecordStandsDirectlyBelowTheTablesPlac
 
 TEST_F(AddSymbolToSheet, FitsTheFirstFourColumnsAndNoOther) {
   Start();
+  host.document().Set(kSettings, "E1", "x");
   const excel::Application excel(application);
   excel.Worksheets(kSettings).Range("A:E").ColumnWidth(99);
   Insert();
