@@ -11,6 +11,6 @@ set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 
 # This compiler reports std::string's own copying as overlapping (a false alarm of version 12, optimised builds only).
 set(CMAKE_CXX_FLAGS_INIT "-Wno-restrict -D_GLIBCXX_ASSERTIONS -DUNICODE -D_UNICODE -D_WIN32_WINNT=0x0A00 -DWINVER=0x0A00 -fstack-protector-strong")
-# Only system DLLs are imported: the compiler's libraries go in.
-set(CMAKE_EXE_LINKER_FLAGS_INIT "-static -static-libgcc -static-libstdc++")
-set(CMAKE_SHARED_LINKER_FLAGS_INIT "-static -static-libgcc -static-libstdc++")
+# Only system DLLs are imported: the compiler's libraries go in. The time of linking stays out.
+set(CMAKE_EXE_LINKER_FLAGS_INIT "-static -static-libgcc -static-libstdc++ -Wl,--no-insert-timestamp")
+set(CMAKE_SHARED_LINKER_FLAGS_INIT "-static -static-libgcc -static-libstdc++ -Wl,--no-insert-timestamp")

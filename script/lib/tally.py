@@ -1,11 +1,12 @@
 """Adds up the results in a folder: GoogleTest's XML files, and *.tap files of lines "ok NAME", "not ok NAME" and
-"skip NAME". Prints the failures and the sums; ends with 1 when anything failed or nothing was found."""
+"skip NAME". Prints the failures and the sums; ends with 1 when anything failed or nothing was found.
+
+    tally.py FOLDER COMMAND NOTE
+"""
 
 import pathlib
 import sys
 import xml.etree.ElementTree as xml
-
-NOTE = "32-bit Windows: built and inspected only"
 
 
 def cases_of(folder):
@@ -27,14 +28,15 @@ def cases_of(folder):
 
 
 def main():
+    folder, command, note = sys.argv[1:]
     counts = {"passed": 0, "failed": 0, "skipped": 0}
-    for outcome, name in cases_of(pathlib.Path(sys.argv[1])):
+    for outcome, name in cases_of(pathlib.Path(folder)):
         counts[outcome] += 1
         if outcome != "passed":
             print(f"{outcome}: {name}")
     sums = ", ".join(f"{count} {outcome}" for outcome, count in counts.items())
     print(sums)
-    print(f"script/test: {sums} ({NOTE})")
+    print(f"{command}: {sums} ({note})")
     return 1 if counts["failed"] or not counts["passed"] else 0
 
 

@@ -1,9 +1,9 @@
 # Wine in a prefix of its own; to be sourced after common.sh.
 
-# start_wine [NAME]: prepares the environment of the private prefix build/wine-NAME, makes the prefix when it is not
-# there yet, and keeps its server running until the script ends.
+# start_wine [NAME [win64|win32]]: prepares the environment of the private prefix build/wine-NAME, makes the prefix when
+# it is not there yet, and keeps its server running until the script ends.
 start_wine() {
-  export WINEPREFIX=$root/build/wine${1:+-$1} WINEDEBUG=-all WINEARCH=win64
+  export WINEPREFIX=$root/build/wine${1:+-$1} WINEDEBUG=-all WINEARCH=${2:-win64}
   # No .NET, no HTML engine, and no debugger: after a crash it would wait for somebody to look.
   export WINEDLLOVERRIDES="mscoree=;mshtml=;winedbg.exe="
   command -v wine >/dev/null || fail "Wine is not installed"

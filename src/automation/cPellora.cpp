@@ -41,6 +41,30 @@ constexpr std::array kProjectFields = {
     ProjectField{&QuoteFields::Volume, &frmNewProject::chkVolume},
 };
 
+/// Lends the contract dialog the settings store, and takes it back whichever way the call ends.
+class LentSettings {
+ public:
+  explicit LentSettings(frmAddTicker& form) : m_form(form) { m_form.frmAppSettings(mGlobal::AppSettings); }
+  ~LentSettings() { m_form.frmAppSettings(nullptr); }
+  LentSettings(const LentSettings&) = delete;
+  LentSettings& operator=(const LentSettings&) = delete;
+
+ private:
+  frmAddTicker& m_form;
+};
+
+// Counts the calls that are being carried out.
+class Busy {
+ public:
+  explicit Busy(int& calls) : m_calls(calls) { ++m_calls; }
+  ~Busy() { --m_calls; }
+  Busy(const Busy&) = delete;
+  Busy& operator=(const Busy&) = delete;
+
+ private:
+  int& m_calls;
+};
+
 // A tag's number, 0 for an empty one.
 double TagValue(const Form& form) { return form.Tag().empty() ? 0 : Val(form.Tag()); }
 
@@ -69,7 +93,9 @@ void TakeContract(frmAddTicker& form, ContractRecord& contract) {
 template <class Body>
 auto cPellora::Guarded(std::string_view method, Body&& body) {
   try {
-    RefuseWhileShowing();
+    const mGlobal::ThreadClaim thisThread;
+    RefuseWhileBusy();
+    const Busy busy(m_busy);
     UseOwnServices();
     return body();
   } catch (...) {
@@ -84,6 +110,7 @@ cPellora::cPellora() {
 cPellora::~cPellora() { Class_Terminate(); }
 
 void cPellora::Class_Initialize() {
+  m_thread.emplace();
   // Without a platform none of the services could do its work: better to fail here than at the first dialog.
   mGlobal::CurrentPlatform();
   m_errorHandler = std::make_shared<CErrorHandler>();
@@ -114,6 +141,7 @@ void cPellora::ExcelApplication(const Variant& application) {
 
 std::string cPellora::RefEditInputs() const { return TapeDialog().TapeAddress(); }
 void cPellora::RefEditInputs(std::string_view address) {
+  const Busy busy(m_busy);
   UseOwnServices();
   TapeDialog().TapeAddress(address);
 }
@@ -131,7 +159,7 @@ bool cPellora::CreateNewProject(QuoteFields& fields) {
 std::int16_t cPellora::AddNewSymbol(ContractRecord& contract) {
   return Guarded("AddNewSymbol", [&]() -> std::int16_t {
     frmAddTicker form(mGlobal::CurrentPlatform().toolkit);
-    form.frmAppSettings(mGlobal::AppSettings);
+    const LentSettings settings(form);
     form.ComTypeListIndex(contract.ComTypeListIndex);
     Clear(contract);
     ShowModal(form);
@@ -139,7 +167,6 @@ std::int16_t cPellora::AddNewSymbol(ContractRecord& contract) {
     if (tag != kInsert && tag != kInsertNew) return kCancel;
     contract.ComTypeListIndex = static_cast<std::int16_t>(form.ComType.ListIndex());
     TakeContract(form, contract);
-    form.frmAppSettings(nullptr);
     return ToInteger(form.Tag());
   });
 }
@@ -165,9 +192,11 @@ void cPellora::UnloadfrmMaster() {
   });
 }
 
-void cPellora::RefuseWhileShowing() const {
-  if (!m_showing) return;
-  if (FormPeer* window = m_showing->WindowPeer()) window->BringToFront();
+// A method lets the host work while a dialog is up, also while it reports an error: what the host calls then must not
+// pull a form away from under it.
+void cPellora::RefuseWhileBusy() const {
+  if (m_busy == 0) return;
+  if (FormPeer* window = m_showing ? m_showing->WindowPeer() : nullptr) window->BringToFront();
   throw Error(errors::InvalidCall);
 }
 

@@ -2,10 +2,12 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "core/Dispatch.h"
+#include "support/mGlobal.h"
 #include "tape/frmAddRibbon.h"
 
 namespace pellora {
@@ -51,7 +53,8 @@ struct ContractRecord {
 /// that finds them released by another one puts its own back, so that the order in which macros let go of two objects
 /// does not matter. Construction and the four methods raise 0x80040064, "cPellora component failure", with their
 /// qualified name as source, whatever went wrong inside; the properties let errors through as they are. A method that
-/// is called while a dialog of this object is open brings that dialog to the front and raises the same error.
+/// is called while another call of this object is under way brings the open dialog to the front and raises the same
+/// error. So does a call from another thread than the one on which the first living object was made.
 class cPellora : private TapeOwner {
  public:
   cPellora();
@@ -74,8 +77,11 @@ class cPellora : private TapeOwner {
   /// cancelled.
   bool CreateNewProject(QuoteFields& fields);
 
-  /// Lets the user describe an instrument. 1: insert, 4: insert and ask again, 2: cancelled. `contract` is cleared in
-  /// any case but for its type, and filled as far as the method came when it fails; `Strike` is always 0.
+  /// Lets the user describe an instrument. 1: insert, 4: insert and ask again, 2: cancelled. All of `contract` but its
+  /// type is cleared before the dialog comes up, and an insert fills in what the chosen type has; `Strike` stays 0.
+  /// Preselecting a type that does not exist is reported to the user and selects none; an insert then answers with
+  /// type -1 and the rest cleared. When the method fails, `contract` is untouched as long as there was no dialog to
+  /// show (another one is open, no platform is installed), and cleared and filled as far as the method came otherwise.
   std::int16_t AddNewSymbol(ContractRecord& contract);
 
   /// Shows the ticker tape dialog, which lives on between calls. "CLOSE": finished; "DATABEGINNING": the workbook is to
@@ -90,16 +96,18 @@ class cPellora : private TapeOwner {
   auto Guarded(std::string_view method, Body&& body);
   void Class_Initialize();
   void Class_Terminate() noexcept;
-  void RefuseWhileShowing() const;
+  void RefuseWhileBusy() const;
   void UseOwnServices() const;
   void ShowModal(Form& form);
   frmAddRibbon& TapeDialog() const;
 
+  std::optional<mGlobal::ThreadClaim> m_thread;
   DispatchPtr m_application;
   std::shared_ptr<CErrorHandler> m_errorHandler;
   std::shared_ptr<CAppSettings> m_appSettings;
   std::unique_ptr<frmAddRibbon> m_frmAddRibbon;
   Form* m_showing = nullptr;
+  int m_busy = 0;
 };
 
 }  // namespace pellora

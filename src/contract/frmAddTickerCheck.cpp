@@ -26,7 +26,8 @@ std::string Complaint(const TextBox& box, FieldRule rule) {
 
 bool frmAddTicker::CheckParametr() {
   return routine<bool>("CheckParametr", [&](Steps& step, bool& passed) {
-    const auto* type = step([&] { return SelectedType(); });
+    // Not a step: passed over, it would stand for a type without checks.
+    const auto* type = SelectedType();
     for (const auto& check : type ? type->checks : decltype(type->checks){}) {
       if (!check.box) break;
       auto& box = this->*check.box;

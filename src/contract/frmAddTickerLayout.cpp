@@ -7,8 +7,9 @@
 namespace pellora {
 namespace {
 
-// In dip. The same on every page and beside the type list, so that nothing jumps when the type changes.
-constexpr int kLabelWidth = 100;
+// In dip. The same on every page and beside the type list, so that nothing jumps when the type changes: wide enough for
+// the longest label.
+constexpr int kLabelWidth = 116;
 constexpr int kPointsWidth = 34;
 constexpr int kBoxChars = 24;
 

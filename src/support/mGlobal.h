@@ -18,6 +18,16 @@ namespace mGlobal {
 extern std::shared_ptr<CErrorHandler> ErrorHandler;
 extern std::shared_ptr<CAppSettings> AppSettings;
 
+/// Holds the library to one thread for as long as it lives: the first claim names the thread, a claim on another thread
+/// while one lives raises 5 (invalid procedure call).
+class ThreadClaim {
+ public:
+  ThreadClaim();
+  ~ThreadClaim();
+  ThreadClaim(const ThreadClaim&) = delete;
+  ThreadClaim& operator=(const ThreadClaim&) = delete;
+};
+
 /// The seams in force. Raises 91 when no platform was installed.
 Platform& CurrentPlatform();
 

@@ -1,25 +1,20 @@
-#include "automation/cPellora.h"
-
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <string>
-
-#include "core/Error.h"
 #include "forms/CheckBox.h"
 #include "forms/ComboBox.h"
+#include "forms/CommandButton.h"
 #include "forms/TextBox.h"
-#include "platform/headless/Headless.h"
-#include "support/CAppSettings.h"
-#include "support/CErrorHandler.h"
-#include "support/mGlobal.h"
+#include "tests/automation/AutomationTest.h"
 #include "workbook/Host.h"
 
 namespace pellora {
 namespace {
 
-using headless::HeadlessPlatform;
 using headless::UserAtForm;
+using tests::Caught;
+using tests::ExpectComponentFailure;
+using tests::JunkContract;
+using tests::kJunkFields;
+
+class cPelloraTest : public tests::AutomationTest {};
 
 // An object with the members it is told, and nothing behind them.
 class Answering : public Dispatch {
@@ -30,39 +25,6 @@ class Answering : public Dispatch {
 
  private:
   std::string m_missing;
-};
-
-Error Caught(const std::function<void()>& act) {
-  try {
-    act();
-  } catch (const Error& error) {
-    return error;
-  }
-  return Error(0, "", "nothing was raised");
-}
-
-void ExpectComponentFailure(const std::function<void()>& act, const std::string& source) {
-  const Error error = Caught(act);
-  EXPECT_EQ(error.Number(), -2147221404);
-  EXPECT_EQ(error.Source(), source);
-  EXPECT_EQ(error.Description(), "cPellora component failure");
-}
-
-constexpr QuoteFields kJunkFields{7, 7, 7, 7, 7, 7, 7, 7, 7, 7};
-
-ContractRecord JunkContract(std::int16_t type = 0) {
-  return {"junk", "junk", "junk", 7, "junk", 7, "junk", "junk", "junk", type};
-}
-
-class cPelloraTest : public testing::Test {
- protected:
-  ~cPelloraTest() override { EXPECT_EQ(platform.user().Verify(), ""); }
-
-  void AtForm(std::string_view name, std::function<void(UserAtForm&)> part) {
-    platform.user().ExpectForm(name, std::move(part));
-  }
-
-  HeadlessPlatform platform;
 };
 
 TEST_F(cPelloraTest, CreatingItMakesTheSharedServicesWithTheirSettings) {
@@ -156,36 +118,6 @@ TEST_F(cPelloraTest, UnloadfrmMasterBeforeAnyShowingDoesNothing) {
   EXPECT_NO_THROW(object.UnloadfrmMaster());
 }
 
-TEST_F(cPelloraTest, WithoutAPlatformTheMethodsRaiseTheClassesError) {
-  cPellora object;
-  mGlobal::InstallPlatform(nullptr);
-  QuoteFields fields;
-  ContractRecord contract;
-  ExpectComponentFailure([&] { object.CreateNewProject(fields); }, "Pellora.cPellora.CreateNewProject");
-  ExpectComponentFailure([&] { object.AddNewSymbol(contract); }, "Pellora.cPellora.AddNewSymbol");
-  ExpectComponentFailure([&] { object.ShowRefEditInterface(); }, "Pellora.cPellora.ShowRefEditInterface");
-  mGlobal::InstallPlatform(&platform.platform);
-}
-
-TEST_F(cPelloraTest, FailingInitialisationIsRaisedToTheCreator) {
-  mGlobal::InstallPlatform(nullptr);
-  ExpectComponentFailure([&] { cPellora object; }, "Pellora.cPellora.Class_Initialize");
-  mGlobal::InstallPlatform(&platform.platform);
-}
-
-TEST_F(cPelloraTest, ACallWhileADialogIsOpenIsRefusedAndTheDialogGoesOn) {
-  cPellora object;
-  AtForm("frmNewProject", [&](UserAtForm& user) {
-    QuoteFields fields;
-    ExpectComponentFailure([&] { object.CreateNewProject(fields); }, "Pellora.cPellora.CreateNewProject");
-    ExpectComponentFailure([&] { object.UnloadfrmMaster(); }, "Pellora.cPellora.UnloadfrmMaster");
-    user.Click("chkVolume");
-    user.Click("ButCreateProject");
-  });
-  QuoteFields fields;
-  EXPECT_TRUE(object.CreateNewProject(fields));
-}
-
 TEST_F(cPelloraTest, CreateNewProjectCancelledLeavesTheArgumentsAlone) {
   cPellora object;
   QuoteFields fields = kJunkFields;
@@ -215,6 +147,37 @@ TEST_F(cPelloraTest, CreateNewProjectWithOnlyVolumeTicked) {
   EXPECT_TRUE(object.CreateNewProject(fields));
   QuoteFields expected;
   expected.Volume = 1;
+  EXPECT_EQ(fields, expected);
+}
+
+TEST_F(cPelloraTest, AGreyedBoxComesThroughAsTwo) {
+  cPellora object;
+  QuoteFields fields = kJunkFields;
+  AtForm("frmNewProject", [](UserAtForm& user) {
+    user.Get<CheckBox>("chkVolume").Value(2);
+    user.Click("ButCreateProject");
+  });
+  EXPECT_TRUE(object.CreateNewProject(fields));
+  QuoteFields expected;
+  expected.Volume = 2;
+  EXPECT_EQ(fields, expected);
+}
+
+TEST_F(cPelloraTest, CreateNewProjectStartsWithNothingTickedEveryTime) {
+  cPellora object;
+  QuoteFields fields;
+  AtForm("frmNewProject", [](UserAtForm& user) {
+    user.Click("ButCheckAll");
+    user.Click("ButCreateProject");
+  });
+  EXPECT_TRUE(object.CreateNewProject(fields));
+  AtForm("frmNewProject", [](UserAtForm& user) {
+    user.Click("chkLow");
+    user.Click("ButCreateProject");
+  });
+  EXPECT_TRUE(object.CreateNewProject(fields));
+  QuoteFields expected;
+  expected.LowTick = 1;
   EXPECT_EQ(fields, expected);
 }
 
@@ -334,6 +297,38 @@ TEST_F(cPelloraTest, AddNewSymbolInsertAndNewAnswersFourAndTheNextCallPreselects
   EXPECT_EQ(preselected, "Cash");
 }
 
+TEST_F(cPelloraTest, AddNewSymbolStartsWithoutATickerEveryTime) {
+  cPellora object;
+  ContractRecord contract = JunkContract(5);
+  AtForm("frmAddTicker", [](UserAtForm& user) {
+    user.Type("txtCASHSymbol", "EUR");
+    user.Click("ButInsertNew");
+  });
+  EXPECT_EQ(object.AddNewSymbol(contract), 4);
+  std::string ticker = "not seen";
+  AtForm("frmAddTicker", [&](UserAtForm& user) {
+    ticker = user.Get<TextBox>("txtCASHSymbol").Text();
+    user.Click("ButCancel");
+  });
+  EXPECT_EQ(object.AddNewSymbol(contract), 2);
+  EXPECT_EQ(ticker, "");
+}
+
+TEST_F(cPelloraTest, AddNewSymbolForATypeThatDoesNotExistAnswersOneWithTheRestCleared) {
+  for (const std::int16_t type : {6, 32767}) {
+    cPellora object;
+    ContractRecord contract = JunkContract(type);
+    platform.user().ExpectErrorDialog("btnAbort");
+    AtForm("frmAddTicker", [](UserAtForm& user) {
+      EXPECT_EQ(user.Get<ComboBox>("ComType").Text(), "");
+      user.Click("ButInsert");
+    });
+    EXPECT_EQ(object.AddNewSymbol(contract), 1);
+    EXPECT_EQ(contract, (ContractRecord{"", "", "", 0, "", 0, "", "", "", -1}));
+    EXPECT_NE(platform.user().ErrorTexts().back().find("Error: 380, (Invalid property value)"), std::string::npos);
+  }
+}
+
 TEST_F(cPelloraTest, TheTapeDialogIsKeptBetweenShowingsAndReleasedByUnloadfrmMaster) {
   workbook::Host host;
   cPellora object;
@@ -357,6 +352,78 @@ TEST_F(cPelloraTest, TheTapeDialogIsKeptBetweenShowingsAndReleasedByUnloadfrmMas
   object.UnloadfrmMaster();
   EXPECT_EQ(Caught([&] { object.RefEditInputs(); }).Number(), 91);
   EXPECT_EQ(platform.toolkit.formPeers, 0);
+}
+
+TEST_F(cPelloraTest, PickingALocationAnswersDataBeginningAndTheDialogComesBackWithIt) {
+  workbook::Host host;
+  cPellora object;
+  object.ExcelApplication(Variant(host.Application()));
+  platform.user().AnswerErrorDialogs("btnIgnore");
+  AtForm("frmAddRibbon", [](UserAtForm& user) {
+    // Without quotes the button cannot be used; a workbook's own code may show it all the same.
+    user.Get<CommandButton>("ButGetAddress").Enabled(true);
+    user.Click("ButGetAddress");
+  });
+  EXPECT_EQ(object.ShowRefEditInterface(), "DATABEGINNING");
+  object.RefEditInputs("Sheet1!B3");
+  std::string location;
+  AtForm("frmAddRibbon", [&](UserAtForm& user) {
+    location = user.Get<TextBox>("txtAddress").Text();
+    user.Click("ButCancel");
+  });
+  EXPECT_EQ(object.ShowRefEditInterface(), "CLOSE");
+  EXPECT_EQ(location, "Sheet1!B3:C22");
+}
+
+TEST_F(cPelloraTest, AfterUnloadfrmMasterTheTapeDialogIsMadeAnew) {
+  workbook::Host host;
+  cPellora object;
+  object.ExcelApplication(Variant(host.Application()));
+  platform.user().AnswerErrorDialogs("btnIgnore");
+  AtForm("frmAddRibbon", [](UserAtForm& user) {
+    user.Get<TextBox>("txtName").Text("kept until unloaded");
+    user.Click("ButCancel");
+  });
+  object.ShowRefEditInterface();
+  object.UnloadfrmMaster();
+  std::string name;
+  AtForm("frmAddRibbon", [&](UserAtForm& user) {
+    name = user.Get<TextBox>("txtName").Text();
+    user.Click("ButCancel");
+  });
+  object.ShowRefEditInterface();
+  EXPECT_EQ(name, "");
+}
+
+TEST_F(cPelloraTest, TheTapeDialogIsNotReleasedUnderAnErrorThatItReports) {
+  workbook::Host host;
+  cPellora object;
+  object.ExcelApplication(Variant(host.Application()));
+  platform.user().AnswerErrorDialogs("btnIgnore");
+  AtForm("frmAddRibbon", [](UserAtForm& user) { user.Click("ButCancel"); });
+  object.ShowRefEditInterface();
+  platform.user().AnswerErrorDialogs("");
+  AtForm("frmErrorMessage", [&](UserAtForm& user) {
+    ExpectComponentFailure([&] { object.UnloadfrmMaster(); }, "Pellora.cPellora.UnloadfrmMaster");
+    user.Click("btnAbort");
+  });
+  // The last column has no room for a tape of two.
+  object.RefEditInputs("Sheet1!XFD1");
+  EXPECT_NO_THROW(object.UnloadfrmMaster());
+}
+
+TEST_F(cPelloraTest, AnotherThreadIsRefusedWhileAnObjectLives) {
+  cPellora object;
+  std::thread([] { ExpectComponentFailure([] { cPellora other; }, "Pellora.cPellora.Class_Initialize"); }).join();
+  QuoteFields fields;
+  std::thread([&] {
+    ExpectComponentFailure([&] { object.CreateNewProject(fields); }, "Pellora.cPellora.CreateNewProject");
+  }).join();
+}
+
+TEST_F(cPelloraTest, AnotherThreadMayFollowWhenNoObjectLives) {
+  { cPellora object; }
+  std::thread([] { EXPECT_NO_THROW(cPellora()); }).join();
 }
 
 TEST_F(cPelloraTest, RefEditInputsReachTheTapeDialog) {

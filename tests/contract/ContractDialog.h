@@ -1,9 +1,12 @@
 #pragma once
 
+#include <array>
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <variant>
+#include <vector>
 
 #include "contract/SecurityTypes.h"
 #include "contract/frmAddTicker.h"
@@ -25,7 +28,7 @@ class ContractDialog : public DialogTest {
   /// that come out of it.
   void Show(
       int index, Part part, const std::function<void()>& then = [] {}) {
-    form = std::make_unique<frmAddTicker>(platform.toolkit);
+    form = std::make_unique<frmAddTicker>(*toolkit);
     form->frmAppSettings(mGlobal::AppSettings);
     form->ComTypeListIndex(static_cast<std::int16_t>(index));
     user().ExpectForm("frmAddTicker", std::move(part));
@@ -53,9 +56,45 @@ class ContractDialog : public DialogTest {
     mGlobal::AppSettings->SaveSetting("Settings\\frmSettings", key, setting);
   }
 
+  /// What the dialog is made with; a test may put its own before it.
+  Toolkit* toolkit = &platform.toolkit;
   std::unique_ptr<frmAddTicker> form;
 };
 
 inline void Cancel(UserAtForm& hands) { hands.Click("ButCancel"); }
+
+/// A test of what the dialog's lists and boxes hold.
+class ChoiceLists : public ContractDialog {
+ protected:
+  /// What every list (items, then the choice) and box shows in a new opening.
+  Settings Shown() {
+    Settings shown;
+    Show(0, [&](UserAtForm& hands) {
+      for (const auto* control : form->Descendants()) {
+        if (control == &form->ComType) continue;
+        if (const auto* combo = dynamic_cast<const ComboBox*>(control))
+          shown[combo->Name()] = form->ComboBoxToStr(*combo) + " / " + combo->Text();
+        else if (const auto* box = dynamic_cast<const TextBox*>(control))
+          shown[box->Name()] = box->Text();
+      }
+      Cancel(hands);
+    });
+    return shown;
+  }
+  std::string ShownIn(const std::string& control) { return Shown().at(control); }
+
+  /// Enters an instrument with these texts in its type's lists and boxes.
+  void InsertAt(int index, const std::vector<std::pair<std::string, std::string>>& texts) {
+    Show(index, [&](UserAtForm& hands) {
+      for (const auto& [name, text] : texts) hands.Type(name, text);
+      hands.Click("ButInsert");
+    });
+    ASSERT_EQ(form->Tag(), "1");
+  }
+};
+
+/// The names of the six currency lists.
+inline constexpr std::array kCurrencyLists = {"ComSTKCurency", "ComOPTCurency", "ComFUTCurency",
+                                              "ComIndCurency", "ComFOPCurency", "ComCASHCurency"};
 
 }  // namespace pellora::tests

@@ -91,6 +91,11 @@ TEST_F(CheckParametr, AMultiplierOfOneHalfPasses) {
   EXPECT_TRUE(Check(kOption, {{"txtOPTSymbol", "XYZ"}, {"txtOPTMultiplier", "-1e2"}}, ""));
 }
 
+TEST_F(CheckParametr, AMultiplierTooLargeForANumberIsRefusedHereAndNeverOverflows) {
+  EXPECT_FALSE(Check(kFutures, {{"txtFUTSymbol", "XYZ"}, {"txtFUTMultiplier", "1e400"}}, NotANumber("Multiplier")));
+  EXPECT_EQ(focus, "txtFUTMultiplier");
+}
+
 TEST_F(CheckParametr, IndexNeedsItsTickerOnly) {
   EXPECT_TRUE(Check(kIndex, {{"txtINDSymbol", "XYZ"}}, ""));
   EXPECT_FALSE(Check(kIndex, {}, Empty("Ticker")));
@@ -114,9 +119,37 @@ TEST_F(CheckParametr, CashWithOnlyASymbolPasses) {
   EXPECT_EQ(focus, "txtCASHSymbol");
 }
 
-TEST_F(CheckParametr, ListsAreNeverChecked) {
-  EXPECT_TRUE(Check(kOption,
-                    {{"txtOPTSymbol", "XYZ"}, {"ComOPTExchange", ""}, {"ComOPTCurency", ""}, {"ComOPTRight", ""}}, ""));
+TEST_F(CheckParametr, FutOptWithExpiryDec07IsRefusedThoughFuturesTakeIt) {
+  EXPECT_FALSE(Check(kFutOpt, {{"txtFOPSymbol", "XYZ"}, {"txtFOPExpiry", "Dec07"}}, NotANumber("Expiry")));
+  EXPECT_EQ(focus, "txtFOPExpiry");
+}
+
+TEST_F(CheckParametr, BlanksAloneAreNoNumber) {
+  EXPECT_FALSE(Check(kOption, {{"txtOPTSymbol", "XYZ"}, {"txtOPTExpiry", "  "}}, NotANumber("Expiry")));
+  EXPECT_EQ(focus, "txtOPTExpiry");
+  EXPECT_FALSE(Check(kFutures, {{"txtFUTSymbol", "XYZ"}, {"txtFUTMultiplier", " "}}, NotANumber("Multiplier")));
+  EXPECT_EQ(focus, "txtFUTMultiplier");
+  EXPECT_FALSE(Check(kFutOpt, {{"txtFOPSymbol", "XYZ"}, {"txtFOPExpiry", " "}}, NotANumber("Expiry")));
+  EXPECT_EQ(focus, "txtFOPExpiry");
+}
+
+TEST_F(CheckParametr, BlanksAroundANumberAreNoFault) {
+  EXPECT_TRUE(Check(kOption, {{"txtOPTSymbol", "XYZ"}, {"txtOPTExpiry", " 200712 "}, {"txtOPTMultiplier", " 1 "}}, ""));
+}
+
+TEST_F(CheckParametr, BlanksAreAnExpiryForFuturesOnPurpose) {
+  EXPECT_TRUE(Check(kFutures, {{"txtFUTSymbol", "XYZ"}, {"txtFUTExpiry", " "}}, ""));
+}
+
+TEST_F(CheckParametr, ListsAreNeverCheckedForAnyType) {
+  for (std::size_t index = 0; index < kSecurityTypes.size(); ++index) {
+    const auto& type = kSecurityTypes[index];
+    const frmAddTicker names(platform.toolkit);
+    Texts texts = {
+        {(names.*type.symbol).Name(), "XYZ"}, {(names.*type.exchange).Name(), ""}, {(names.*type.currency).Name(), ""}};
+    if (type.right) texts.emplace_back((names.*type.right).Name(), "");
+    EXPECT_TRUE(Check(static_cast<int>(index), texts, "")) << type.text;
+  }
 }
 
 TEST_F(CheckParametr, OtherPagesAreNotChecked) {

@@ -1,43 +1,14 @@
 #include "core/Calendar.h"
-#include "forms/ListBox.h"
 #include "tests/contract/ContractDialog.h"
 
 namespace pellora {
 namespace {
 
 using tests::Cancel;
+using tests::ChoiceLists;
 using tests::Names;
 using tests::Settings;
 using tests::UserAtForm;
-
-class ChoiceLists : public tests::ContractDialog {
- protected:
-  /// What every list (items, then the choice) and box shows in a new opening.
-  Settings Shown() {
-    Settings shown;
-    Show(0, [&](UserAtForm& hands) {
-      for (const auto* control : form->Descendants()) {
-        if (control == &form->ComType) continue;
-        if (const auto* combo = dynamic_cast<const ComboBox*>(control))
-          shown[combo->Name()] = form->ComboBoxToStr(*combo) + " / " + combo->Text();
-        else if (const auto* box = dynamic_cast<const TextBox*>(control))
-          shown[box->Name()] = box->Text();
-      }
-      Cancel(hands);
-    });
-    return shown;
-  }
-  std::string ShownIn(const std::string& control) { return Shown().at(control); }
-
-  /// Enters an instrument with every field of its type changed from its default, where there is a choice.
-  void InsertAt(int index, const std::vector<std::pair<std::string, std::string>>& texts) {
-    Show(index, [&](UserAtForm& hands) {
-      for (const auto& [name, text] : texts) hands.Type(name, text);
-      hands.Click("ButInsert");
-    });
-    ASSERT_EQ(form->Tag(), "1");
-  }
-};
 
 const std::string kCurrencies = "USD|EUR|GBP|HKD|AUD|BASE";
 
@@ -96,9 +67,7 @@ TEST_F(ChoiceLists, EveryStoredValueComesBack) {
   };
   for (const auto& [key, text] : stored) Store(key, text);
   const auto shown = Shown();
-  for (const char* currency :
-       {"ComSTKCurency", "ComOPTCurency", "ComFUTCurency", "ComIndCurency", "ComFOPCurency", "ComCASHCurency"})
-    EXPECT_EQ(shown.at(currency), "CHF|USD / CHF") << currency;
+  for (const char* currency : tests::kCurrencyLists) EXPECT_EQ(shown.at(currency), "CHF|USD / CHF") << currency;
   const Settings expected = {
       {"ComSTKExchange", "A|B / B"}, {"txtPrimaryExchange", "P"},   {"ComOPTExchange", "C|D / D"},
       {"txtOPTExpiry", "209901"},    {"ComOPTRight", "P|C / C"},    {"txtOPTMultiplier", "1"},
@@ -276,186 +245,6 @@ TEST_F(AddCombobox, ListTextOfOneItemIsTheItemAlone) {
 }
 
 TEST_F(AddCombobox, ListTextOfNoItemIsEmpty) { EXPECT_EQ(dialog.ComboBoxToStr(combo), ""); }
-
-class RunfrmModifyList : public ChoiceLists {
- protected:
-  /// Shows the Stock page to a user who presses the exchange list's button and plays `part` in the editor; answers
-  /// the combo as list and choice.
-  std::string Edit(Part part, const std::string& chosen = "NYSE") {
-    std::string after;
-    Show(
-        kStock,
-        [&](UserAtForm& hands) {
-          hands.Choose("ComSTKExchange", chosen);
-          hands.Click("ButSTKExchange");
-          after = form->ComboBoxToStr(form->ComSTKExchange) + " / " + form->ComSTKExchange.Text();
-          Cancel(hands);
-        },
-        [&] { ExpectEditor(std::move(part)); });
-    return after;
-  }
-};
-
-TEST_F(RunfrmModifyList, TheTwelveButtonsOpenTheirListsUnderTheirTitles) {
-  struct Row {
-    int index;
-    std::string button, title, firstEntry;
-  };
-  const std::vector<Row> rows = {
-      {kStock, "ButSTKCurency", "Edit currencies list", "USD"},
-      {kOption, "ButOPTCurency", "Edit currencies list", "USD"},
-      {kFutures, "ButFUTCurency", "Edit currencies list", "USD"},
-      {kIndex, "ButINDCurency", "Edit currencies list", "USD"},
-      {kFutOpt, "ButFOPCurency", "Edit currencies list", "USD"},
-      {kCash, "ButCASHCurency", "Edit currencies list", "USD"},
-      {kStock, "ButSTKExchange", "Edit exchanges list for Stock", "SMART"},
-      {kOption, "ButOPTExchange", "Edit exchanges list for Option", "SMART"},
-      {kFutures, "ButFUTExchange", "Edit exchanges list for Futures", "GLOBEX"},
-      {kIndex, "ButINDExchange", "Edit exchanges list for Index", "NASDAQ"},
-      {kFutOpt, "ButFOPExchange", "Edit exchanges list for FutOpt", "SMART"},
-      {kCash, "ButCASHExchange", "Edit exchanges list for Cash", "IDEAL"},
-  };
-  for (const auto& row : rows) {
-    platform.logFiles.files.clear();
-    Show(
-        row.index,
-        [&](UserAtForm& hands) {
-          TraceRoutines();
-          hands.Click(row.button);
-          mGlobal::ErrorHandler->TracingEnabled(false);
-          Cancel(hands);
-        },
-        [&] {
-          ExpectEditor([&](UserAtForm& hands) {
-            EXPECT_EQ(hands.form().Caption(), row.title);
-            EXPECT_EQ(hands.Get<ListBox>("lstParametr").List(0), row.firstEntry);
-            Cancel(hands);
-          });
-        });
-    EXPECT_EQ(RoutinesEntered().at(0), "Pellora.frmAddTicker." + row.button + "_Click");
-    EXPECT_EQ(RoutinesEntered().at(1), "Pellora.frmAddTicker.RunfrmModifyList");
-  }
-}
-
-TEST_F(RunfrmModifyList, EachButtonEditsItsOwnList) {
-  for (std::size_t index = 0; index < kSecurityTypes.size(); ++index) {
-    const auto& type = kSecurityTypes[index];
-    auto addNew = [](UserAtForm& hands) {
-      hands.Type("txtInput", "NEW");
-      hands.Click("ButAdd");
-      hands.Click("ButSave");
-    };
-    Show(
-        static_cast<int>(index),
-        [&](UserAtForm& hands) {
-          hands.Click(((*form).*type.exchangeButton.button).Name());
-          hands.Click(((*form).*type.currencyButton.button).Name());
-          EXPECT_EQ(((*form).*type.exchange).Items().back(), "NEW") << type.text;
-          EXPECT_EQ(((*form).*type.currency).Items().back(), "NEW") << type.text;
-          Cancel(hands);
-        },
-        [&] {
-          ExpectEditor(addNew);
-          ExpectEditor(addNew);
-        });
-  }
-}
-
-TEST_F(RunfrmModifyList, SavingKeepsTheChoiceThatIsStillThere) {
-  EXPECT_EQ(Edit([](UserAtForm& hands) {
-              hands.Choose("lstParametr", "SMART");
-              hands.Click("ButDown");
-              hands.Click("ButSave");
-            }),
-            "NYSE|SMART / NYSE");
-}
-
-TEST_F(RunfrmModifyList, SavingChoosesTheFirstWhenTheChoiceIsGone) {
-  EXPECT_EQ(Edit([](UserAtForm& hands) {
-              hands.Choose("lstParametr", "NYSE");
-              hands.Click("ButDelete");
-              hands.Type("txtInput", "ARCA");
-              hands.Click("ButAdd");
-              hands.Click("ButSave");
-            }),
-            "SMART|ARCA / SMART");
-}
-
-TEST_F(RunfrmModifyList, CancellingKeepsTheOldList) {
-  EXPECT_EQ(Edit([](UserAtForm& hands) {
-              hands.Choose("lstParametr", "NYSE");
-              hands.Click("ButDelete");
-              hands.Click("ButCancel");
-            }),
-            "SMART|NYSE / NYSE");
-}
-
-TEST_F(RunfrmModifyList, ClosingByTheTitleBarKeepsTheOldList) {
-  EXPECT_EQ(Edit([](UserAtForm& hands) {
-              hands.Choose("lstParametr", "NYSE");
-              hands.Click("ButDelete");
-              hands.CloseBox();
-            }),
-            "SMART|NYSE / NYSE");
-}
-
-TEST_F(RunfrmModifyList, DeletingEveryEntryAndSavingLeavesTheComboEmpty) {
-  EXPECT_EQ(Edit([](UserAtForm& hands) {
-              hands.Click("ButDelete");
-              hands.Click("ButDelete");
-              hands.Click("ButDelete");
-              hands.Click("ButSave");
-            }),
-            " / ");
-}
-
-TEST_F(RunfrmModifyList, AnEditedListIsStoredOnlyWithTheNextInsert) {
-  Edit([](UserAtForm& hands) {
-    hands.Type("txtInput", "ARCA");
-    hands.Click("ButAdd");
-    hands.Click("ButSave");
-  });
-  EXPECT_TRUE(StoredChoices().empty());
-  EXPECT_EQ(ShownIn("ComSTKExchange"), "SMART|NYSE / SMART");
-}
-
-TEST_F(RunfrmModifyList, AnEditedListIsStoredWithTheInsertThatFollows) {
-  Show(
-      kStock,
-      [&](UserAtForm& hands) {
-        hands.Type("txtSTKSymbol", "XYZ");
-        hands.Click("ButSTKExchange");
-        hands.Click("ButInsert");
-      },
-      [&] {
-        ExpectEditor([](UserAtForm& hands) {
-          hands.Type("txtInput", "ARCA");
-          hands.Click("ButAdd");
-          hands.Click("ButSave");
-        });
-      });
-  EXPECT_EQ(StoredChoices().at("ComSTKExchange"), "SMART|NYSE|ARCA");
-}
-
-TEST_F(RunfrmModifyList, TheEditorsPlacementIsSavedWhicheverWayItIsLeft) {
-  const std::vector<Part> ways = {[](UserAtForm& hands) { hands.Click("ButSave"); },
-                                  [](UserAtForm& hands) { hands.Click("ButCancel"); },
-                                  [](UserAtForm& hands) { hands.CloseBox(); }};
-  int left = 100;
-  for (const auto& leave : ways) {
-    left += 10;
-    Edit([&](UserAtForm& hands) {
-      hands.form().SetPlacement({.normal = {left, 50, left + 500, 550}});
-      leave(hands);
-    });
-    EXPECT_EQ(Stored("Windows settings\\frmModifyList")["NormalPosLeft"], std::to_string(left));
-  }
-}
-
-TEST_F(RunfrmModifyList, TheEditorIsGoneAfterwards) {
-  Edit([](UserAtForm& hands) { hands.Click("ButSave"); });
-  EXPECT_EQ(platform.toolkit.formPeers, 0);
-}
 
 }  // namespace
 }  // namespace pellora

@@ -3,6 +3,7 @@
 #include "core/Error.h"
 #include "tests/DialogChecks.h"
 #include "tests/DialogTest.h"
+#include "tests/Watching.h"
 
 namespace pellora {
 namespace {
@@ -29,7 +30,8 @@ class frmModifyListTest : public tests::DialogTest {
     return index < 0 ? "none" : form.lstParametr.List(index);
   }
 
-  frmModifyList form{platform.toolkit};
+  tests::WatchingToolkit watching{platform.toolkit};
+  frmModifyList form{watching};
 };
 
 void Cancel(UserAtForm& hands) { hands.Click("ButCancel"); }
@@ -109,6 +111,16 @@ TEST_F(frmModifyListTest, AddingNyseToAListThatHoldsNYSESelectsItAndAddsNothing)
     EXPECT_EQ(Entries(), (Names{"SMART", "NYSE", "AMEX"}));
     EXPECT_EQ(Selected(), "NYSE");
     EXPECT_EQ(form.txtInput.Text(), "nyse");
+    Cancel(hands);
+  });
+}
+
+TEST_F(frmModifyListTest, AddingWhatMatchesTwoEntriesStopsAtTheFirst) {
+  Show("A|nyse|NYSE", [&](UserAtForm& hands) {
+    hands.Type("txtInput", "NYSE");
+    hands.Click("ButAdd");
+    EXPECT_EQ(Entries(), (Names{"A", "nyse", "NYSE"}));
+    EXPECT_EQ(Selected(), "nyse");
     Cancel(hands);
   });
 }
@@ -256,6 +268,15 @@ TEST_F(frmModifyListTest, CancelAfterChangesKeepsTheListText) {
   EXPECT_EQ(form.Tag(), "2");
 }
 
+TEST_F(frmModifyListTest, SaveAndCancelSignalBeforeTheyHide) {
+  std::string tag;
+  watching.hiding = [&](Form& hidden) { tag = hidden.Tag(); };
+  Show("A", [](UserAtForm& hands) { hands.Click("ButSave"); });
+  EXPECT_EQ(tag, "1");
+  Show("A", Cancel);
+  EXPECT_EQ(tag, "2");
+}
+
 TEST_F(frmModifyListTest, TheCloseBoxLeavesTheTagEmptyAndSavesThePlacement) {
   Show("A|B", [](UserAtForm& hands) { hands.CloseBox(); });
   EXPECT_EQ(form.Tag(), "");
@@ -304,15 +325,18 @@ TEST_F(frmModifyListTest, NothingOverlapsAtAnyScaleOrSize) {
 }
 
 TEST_F(frmModifyListTest, TheListTakesTheRoomOfAnEnlargedWindow) {
-  Show("A", [&](UserAtForm& hands) {
-    const auto before = form.lstParametr.Bounds();
-    const auto button = form.ButSave.Bounds();
+  frmModifyList fresh(platform.toolkit);
+  fresh.frmAppSettings(mGlobal::AppSettings);
+  user().ExpectForm("frmModifyList", [&](UserAtForm& hands) {
+    const auto before = fresh.lstParametr.Bounds();
+    const auto button = fresh.ButSave.Bounds();
     hands.Resize({900, 700});
-    EXPECT_GT(form.lstParametr.Bounds().Height(), before.Height());
-    EXPECT_GT(form.lstParametr.Bounds().Width(), before.Width());
-    EXPECT_EQ(form.ButSave.Bounds().Height(), button.Height());
+    EXPECT_GT(fresh.lstParametr.Bounds().Height(), before.Height());
+    EXPECT_GT(fresh.lstParametr.Bounds().Width(), before.Width());
+    EXPECT_EQ(fresh.ButSave.Bounds().Height(), button.Height());
     Cancel(hands);
   });
+  fresh.Show();
 }
 
 TEST_F(frmModifyListTest, EnterAddsWhatIsTypedAndSavesWhenNothingIs) {
@@ -396,6 +420,78 @@ TEST_F(frmModifyListTest, WithoutAStoreTheFailureIsReportedAndTheListCanStillBeE
   orphan.Show();
   EXPECT_EQ(orphan.InpList(), "A");
   EXPECT_NE(Find(user().ErrorTexts().at(0), "in Pellora.frmModifyList.Form_Load at line"), std::string::npos);
+}
+
+class frmModifyListFailures : public frmModifyListTest {
+ protected:
+  /// Plays `part` in the dialog, which has two entries, and ignores the failures it meets; answers how many were
+  /// reported in that routine.
+  int Failures(const std::string& routine, std::function<void(UserAtForm&)> part) {
+    user().AnswerErrorDialogs("btnIgnore");
+    Show("A|B", std::move(part));
+    int count = 0;
+    for (const auto& text : user().ErrorTexts())
+      count += Find(text, "in Pellora.frmModifyList." + routine + " at line") != std::string::npos;
+    return count;
+  }
+
+  /// The same for a button that meets a list box that refuses every change.
+  int FailuresOf(const std::string& button) {
+    return Failures(button + "_Click", [&](UserAtForm& hands) {
+      hands.Choose("lstParametr", button == "ButUp" ? "B" : "A");
+      hands.Type("txtInput", "C");
+      tests::Refuse(form.lstParametr);
+      hands.Click(button);
+      EXPECT_TRUE(form.Shown());
+      Cancel(hands);
+    });
+  }
+};
+
+TEST_F(frmModifyListFailures, ButAdd_ClickStaysInside) { EXPECT_GT(FailuresOf("ButAdd"), 0); }
+TEST_F(frmModifyListFailures, ButDelete_ClickStaysInside) { EXPECT_GT(FailuresOf("ButDelete"), 0); }
+TEST_F(frmModifyListFailures, ButUp_ClickStaysInside) { EXPECT_GT(FailuresOf("ButUp"), 0); }
+TEST_F(frmModifyListFailures, ButDown_ClickStaysInside) { EXPECT_GT(FailuresOf("ButDown"), 0); }
+
+TEST_F(frmModifyListFailures, ButSave_ClickStaysInside) {
+  EXPECT_EQ(Failures("ButSave_Click",
+                     [&](UserAtForm& hands) {
+                       watching.RefuseToHideOnce("frmModifyList");
+                       hands.Click("ButSave");
+                     }),
+            1);
+  EXPECT_EQ(form.Tag(), "1");
+}
+
+TEST_F(frmModifyListFailures, ButCancel_ClickStaysInside) {
+  EXPECT_EQ(Failures("ButCancel_Click",
+                     [&](UserAtForm& hands) {
+                       watching.RefuseToHideOnce("frmModifyList");
+                       Cancel(hands);
+                     }),
+            1);
+  EXPECT_EQ(form.Tag(), "2");
+}
+
+TEST_F(frmModifyListFailures, Form_ActivateStaysInside) {
+  EXPECT_EQ(Failures("Form_Activate",
+                     [&](UserAtForm& hands) {
+                       tests::Refuse(form.lstParametr);
+                       form.InpList("C");
+                       form.PeerActivate();
+                       EXPECT_EQ(Entries(), Names{"C"});
+                       Cancel(hands);
+                     }),
+            2);
+}
+
+TEST_F(frmModifyListFailures, Form_UnloadStaysInside) {
+  EXPECT_EQ(Failures("Form_Unload",
+                     [&](UserAtForm& hands) {
+                       platform.registry.refuseWrites = 5;
+                       hands.CloseBox();
+                     }),
+            1);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include "core/Error.h"
 #include "tests/DialogChecks.h"
 #include "tests/DialogTest.h"
+#include "tests/Watching.h"
 
 namespace pellora {
 namespace {
@@ -32,7 +33,16 @@ class frmNewProjectTest : public tests::DialogTest {
     return count;
   }
 
-  frmNewProject form{platform.toolkit};
+  /// How many failures were reported in that routine.
+  int ReportedIn(const std::string& routine) {
+    int count = 0;
+    for (const auto& text : user().ErrorTexts())
+      count += Find(text, "in Pellora.frmNewProject." + routine + " at line") != std::string::npos;
+    return count;
+  }
+
+  tests::WatchingToolkit watching{platform.toolkit};
+  frmNewProject form{watching};
 };
 
 const std::string kNothingSelected = "You must select at least one value!";
@@ -251,7 +261,7 @@ TEST_F(frmNewProjectTest, AFailureInAHandlerIsReportedAndLeavesTheDialogOpen) {
         hands.Click("ButCancel");
       },
       [&] { user().ExpectErrorDialog("btnAbort"); });
-  EXPECT_NE(Find(user().ErrorTexts().at(0), "in Pellora.frmNewProject.CheckUncheck at line"), std::string::npos);
+  EXPECT_EQ(ReportedIn("CheckUncheck"), 1);
 }
 
 TEST_F(frmNewProjectTest, AnIgnoredFailureGoesOnWithTheNextBox) {
@@ -263,6 +273,65 @@ TEST_F(frmNewProjectTest, AnIgnoredFailureGoesOnWithTheNextBox) {
       },
       [&] { user().ExpectErrorDialog("btnIgnore"); });
   EXPECT_EQ(Ticked(), 10);
+}
+
+TEST_F(frmNewProjectTest, BothButtonsHideBeforeTheySignal) {
+  std::string tag = "not hidden";
+  watching.hiding = [&](Form& hidden) { tag = hidden.Tag(); };
+  form.Tag("before");
+  Show([](UserAtForm& hands) {
+    hands.Click("chkLow");
+    hands.Click("ButCreateProject");
+  });
+  EXPECT_EQ(tag, "before");
+  EXPECT_EQ(form.Tag(), "1");
+  Show([](UserAtForm& hands) { hands.Click("ButCancel"); });
+  EXPECT_EQ(tag, "1") << "what the first showing left";
+  EXPECT_EQ(form.Tag(), "2");
+}
+
+TEST_F(frmNewProjectTest, CheckUncheckKeepsItsFailureInside) {
+  tests::Refuse(form.chkBidSize);
+  user().ExpectErrorDialog("btnAbort");
+  std::int16_t value = 1;
+  EXPECT_NO_THROW(form.CheckUncheck(value));
+  EXPECT_EQ(ReportedIn("CheckUncheck"), 1);
+}
+
+TEST_F(frmNewProjectTest, ButUncheckAll_ClickKeepsAFailureInside) {
+  Show(
+      [&](UserAtForm& hands) {
+        hands.Click("ButCheckAll");
+        tests::Refuse(form.chkBidSize);
+        hands.Click("ButUncheckAll");
+        EXPECT_TRUE(form.Shown());
+        hands.CloseBox();
+      },
+      [&] { user().ExpectErrorDialog("btnIgnore"); });
+  EXPECT_EQ(ReportedIn("CheckUncheck"), 1);
+}
+
+TEST_F(frmNewProjectTest, ButCreateProject_ClickKeepsItsFailureInside) {
+  Show(
+      [&](UserAtForm& hands) {
+        hands.Click("chkLow");
+        watching.RefuseToHideOnce("frmNewProject");
+        hands.Click("ButCreateProject");
+      },
+      [&] { user().ExpectErrorDialog("btnAbort"); });
+  EXPECT_EQ(ReportedIn("ButCreateProject_Click"), 1);
+  EXPECT_EQ(form.Tag(), "") << "an aborted confirmation is none";
+}
+
+TEST_F(frmNewProjectTest, ButCancel_ClickKeepsItsFailureInside) {
+  Show(
+      [&](UserAtForm& hands) {
+        watching.RefuseToHideOnce("frmNewProject");
+        hands.Click("ButCancel");
+      },
+      [&] { user().ExpectErrorDialog("btnIgnore"); });
+  EXPECT_EQ(ReportedIn("ButCancel_Click"), 1);
+  EXPECT_EQ(form.Tag(), "2");
 }
 
 }  // namespace

@@ -7,6 +7,7 @@ from player import Player, PlayError
 PROJECT = "Choose market data fields for project "
 TICKER = "Add new ticker"
 TAPE = "Ticker tape"
+ERROR = "Error"
 
 
 def close_box(player, dialog):
@@ -65,6 +66,70 @@ def roundtrip(player):
     if not dialog.button("last size").checked:
         raise PlayError("the dialog has forgotten its choices")
     close_box(player, dialog)
+
+
+def answer_errors(player, button, expected):
+    """Answers error dialogs with that button, by the mouse, until the ticker tape dialog is ready for input."""
+    answered = 0
+    while True:
+
+        def ready():
+            return next((w for w in player.windows() if w.caption in (ERROR, TAPE) and w.enabled and w.active), None)
+
+        dialog = player.until("an error or the ticker tape dialog", ready)
+        if dialog.caption == TAPE:
+            break
+        text = dialog.box(0).text
+        if expected not in text or "The call stack is:" not in text:
+            raise PlayError(f"the error dialog tells '{text}'")
+        player.click(dialog.button(button))
+        player.gone(dialog)
+        answered += 1
+    if answered == 0:
+        raise PlayError("no error dialog came up")
+    return dialog
+
+
+def failing(player):
+    for button in ("Ignore", "Abort"):
+        dialog = answer_errors(player, button, "in Pellora.frmAddRibbon.")
+        close_box(player, dialog)
+    # The object goes on working.
+    dialog = player.wait(PROJECT)
+    player.key("Escape")
+    player.gone(dialog)
+
+
+def sample(player):
+    """Both sample clients ask for the same: fields, instruments until cancelled, a tape whose place is handed in."""
+    dialog = player.wait(PROJECT)
+    player.click(dialog.button("Volume"))
+    player.waiting(dialog, "the tick", lambda w: w.button("Volume").checked)
+    player.click(dialog.button("Create project"))
+    player.gone(dialog)
+    dialog = player.wait(TICKER)
+    player.replace(dialog, dialog.labelled("Ticker"), "ABC")
+    player.tab_to(dialog, dialog.labelled("Primary Exchange"))
+    player.replace(dialog, dialog.labelled("Primary Exchange"), "NYSE")
+    player.press(dialog, "Insert & new")
+    player.gone(dialog)
+    dialog = player.wait(TICKER)
+    player.key("Escape")
+    player.gone(dialog)
+    dialog = player.wait(TAPE)
+    player.click(dialog.button("..."))
+    player.gone(dialog)
+    dialog = player.wait(TAPE)
+    player.waiting(dialog, "the location handed in", lambda w: w.box(2).text != "")
+    player.press(dialog, "Insert >>")
+    player.gone(dialog)
+
+
+def one_dialog(player):
+    """A check that the library shows its dialogs at all."""
+    dialog = player.wait(PROJECT)
+    player.key("Escape")
+    player.gone(dialog)
 
 
 if __name__ == "__main__":

@@ -70,6 +70,14 @@ library.ExcelApplication = Array(1, 2)
 Fails "an array is a type mismatch", TypeMismatch
 Check "after a refusal the accepted object stays", library.ExcelApplication Is other
 
+Set library.ExcelApplication = Nothing
+Fails "Nothing is accepted", 0
+Check "Nothing clears the field", library.ExcelApplication Is Nothing
+Set library.m_ObjExcelApplication = other
+Set library.m_ObjExcelApplication = Nothing
+Fails "Nothing is accepted under the field's own name", 0
+Check "it clears the field under either name", library.ExcelApplication Is Nothing
+
 Set application = CreateObject("PelloraWorkbook.Application")
 Fails "the embedded workbook's application can be created", 0
 Set library.ExcelApplication = application

@@ -1,5 +1,7 @@
 #include "Hands.h"
 #include "SampleForm.h"
+#include "forms/Pages.h"
+#include "platform/windows/forms/Fonts.h"
 #include "platform/windows/forms/ListItems.h"
 #include "platform/windows/forms/WideText.h"
 
@@ -20,6 +22,10 @@ class Controls : public WindowsFormTest {
     form.Show();
   }
   std::wstring TextIn(const Control& control) { return TextOf(Hands::Of(control)); }
+  static int Marked(const Control& combo) {
+    const auto selection = static_cast<DWORD>(::SendMessageW(Hands::Of(combo), CB_GETEDITSEL, 0, 0));
+    return HIWORD(selection) - LOWORD(selection);
+  }
   SampleForm form{toolkit};
 };
 
@@ -177,6 +183,179 @@ TEST_F(Controls, AHiddenControlIsHiddenInTheWindow) {
   form.Load();
   form.chk.Visible(false);
   EXPECT_FALSE(::GetWindowLongPtrW(Hands::Of(form.chk), GWL_STYLE) & WS_VISIBLE);
+}
+
+TEST_F(Controls, AComboThatComesUpWithoutTheFocusMarksNothing) {
+  form.com.Text("SMART");
+  Play([&](Hands&) { EXPECT_EQ(Marked(form.com), 0); });
+}
+
+TEST_F(Controls, ATextSetInAComboWithoutTheFocusIsNotMarked) {
+  form.chk.Click = [&] { form.com.Text("SMART"); };
+  Play([&](Hands& hands) {
+    hands.Click(form.chk);
+    Until([&] { return form.com.Text() == "SMART"; });
+    EXPECT_EQ(Marked(form.com), 0);
+  });
+}
+
+TEST_F(Controls, AnItemChosenByCodeInAComboWithoutTheFocusIsNotMarked) {
+  form.chk.Click = [&] { form.com.ListIndex(2); };
+  Play([&](Hands& hands) {
+    hands.Click(form.chk);
+    Until([&] { return form.com.Text() == "NASDAQ"; });
+    EXPECT_EQ(Marked(form.com), 0);
+  });
+}
+
+TEST_F(Controls, AComboThatIsResizedWithoutTheFocusMarksNothing) {
+  form.com.Text("SMART");
+  Play([&](Hands& hands) {
+    const auto window = hands.WaitFor(form);
+    ::SendMessageW(window, WM_SYSCOMMAND, SC_MAXIMIZE, 0);
+    EXPECT_TRUE(Until([&] { return ::IsZoomed(window) != FALSE; }));
+    EXPECT_EQ(Marked(form.com), 0);
+  });
+}
+
+TEST_F(Controls, TabMarksTheTextOfACombo) {
+  form.com.Text("SMART");
+  Play([&](Hands& hands) {
+    hands.Press(VK_TAB);
+    EXPECT_TRUE(Until([&] { return Marked(form.com) == 5; }));
+  });
+}
+
+/// How many more pixels there are below an edit's line of text than above it, in the edit or the combo around it.
+int OffCentre(HWND edit, HWND whole, int lineHeight) {
+  POINT line{};
+  RECT around{};
+  ::ClientToScreen(edit, &line);
+  ::GetWindowRect(whole, &around);
+  return static_cast<int>((around.bottom - line.y - lineHeight) - (line.y - around.top));
+}
+
+TEST_F(Controls, TextStandsInTheMiddleOfBoxesAndCombosAtEveryScale) {
+  for (const int dpi : {96, 120, 144, 192}) {
+    toolkit.ForceDpi(dpi);
+    SampleForm scaled(toolkit);
+    scaled.Load();
+    const auto height = Fonts(dpi).Measure("Ag", TextStyle::Normal).height;
+    const auto box = Hands::Of(scaled.txt), combo = Hands::Of(scaled.com);
+    EXPECT_LE(std::abs(OffCentre(box, box, height)), 1) << dpi;
+    EXPECT_LE(std::abs(OffCentre(::GetWindow(combo, GW_CHILD), combo, height)), 1) << dpi;
+  }
+}
+
+TEST_F(Controls, ABoxIsHitAboveItsTextToo) {
+  form.Load();
+  RECT place{};
+  ::GetWindowRect(Hands::Of(form.txt), &place);
+  const auto point = MAKELPARAM(place.left + 20, place.top + 3);
+  EXPECT_EQ(::SendMessageW(Hands::Of(form.txt), WM_NCHITTEST, 0, point), HTCLIENT);
+}
+
+template <class Search>
+BOOL CALLBACK IsTips(HWND window, LPARAM parameter) {
+  auto& search = *reinterpret_cast<Search*>(parameter);
+  wchar_t name[80] = L"";
+  ::GetClassNameW(window, name, 80);
+  if (wcscmp(name, TOOLTIPS_CLASSW) != 0 || ::GetWindow(window, GW_OWNER) != search.form) return TRUE;
+  search.tips = window;
+  return FALSE;
+}
+
+/// The tip that a window of a form shows.
+std::wstring TipOf(HWND window) {
+  struct Search {
+    HWND form, tips;
+  } search{::GetAncestor(window, GA_ROOT), nullptr};
+  ::EnumThreadWindows(::GetCurrentThreadId(), &IsTips<Search>, reinterpret_cast<LPARAM>(&search));
+  wchar_t text[200] = L"";
+  TOOLINFOW tool{};
+  tool.cbSize = TTTOOLINFOW_V1_SIZE;
+  tool.hwnd = search.form;
+  tool.uId = reinterpret_cast<UINT_PTR>(window);
+  tool.lpszText = text;
+  ::SendMessageW(search.tips, TTM_GETTEXTW, 200, reinterpret_cast<LPARAM>(&tool));
+  return text;
+}
+
+TEST_F(Controls, ATipGivenBeforeTheWindowIsShownByIt) {
+  form.txt.ToolTip("Tape header & more");
+  form.Load();
+  EXPECT_EQ(TipOf(Hands::Of(form.txt)), L"Tape header & more");
+}
+
+TEST_F(Controls, ATipGivenLaterReplacesTheOldOne) {
+  form.txt.ToolTip("Old");
+  form.Load();
+  form.txt.ToolTip("New");
+  EXPECT_EQ(TipOf(Hands::Of(form.txt)), L"New");
+}
+
+TEST_F(Controls, TheEditInAComboShowsItsTip) {
+  form.com.ToolTip("Exchange");
+  form.Load();
+  EXPECT_EQ(TipOf(::GetWindow(Hands::Of(form.com), GW_CHILD)), L"Exchange");
+}
+
+TEST_F(Controls, AnEmptyTipTakesItAway) {
+  form.txt.ToolTip("Old");
+  form.Load();
+  form.txt.ToolTip("");
+  EXPECT_EQ(TipOf(Hands::Of(form.txt)), L"");
+}
+
+/// Two pages with tabs.
+class PagedForm : public Form {
+ public:
+  explicit PagedForm(Toolkit& toolkit) : Form(toolkit, "frmPaged") {
+    Caption("Paged");
+    two.AccessKey('p');
+    Layout(Column({but, PageStack(pages, {txtOne, txtTwo})}));
+  }
+  CommandButton but{*this, "but", "First"};
+  Pages pages{*this, "pages"};
+  Page one{pages, "one", "Stock"};
+  TextBox txtOne{one, "txtOne"};
+  Page two{pages, "two", "Option"};
+  TextBox txtTwo{two, "txtTwo"};
+};
+
+class Tabs : public WindowsFormTest {
+ protected:
+  void Play(const std::function<void(Hands&)>& part) {
+    const Player player([&](Hands& hands) {
+      const auto window = hands.WaitFor(form);
+      Until([&] { return hands.Has(form.but); });
+      part(hands);
+      shown = Until(
+          [&] { return ::IsWindowVisible(Hands::Of(form.txtTwo)) && !::IsWindowVisible(Hands::Of(form.txtOne)); });
+      hands.Close(window);
+    });
+    form.Show();
+  }
+  PagedForm form{toolkit};
+  std::atomic<bool> shown = false;
+};
+
+TEST_F(Tabs, AClickOnATabShowsItsPage) {
+  Play([&](Hands& hands) {
+    RECT tab{};
+    ::SendMessageW(hands.Of(form.pages), TCM_GETITEMRECT, 1, reinterpret_cast<LPARAM>(&tab));
+    const auto middle = MAKELPARAM((tab.left + tab.right) / 2, (tab.top + tab.bottom) / 2);
+    ::PostMessageW(hands.Of(form.pages), WM_LBUTTONDOWN, MK_LBUTTON, middle);
+    ::PostMessageW(hands.Of(form.pages), WM_LBUTTONUP, 0, middle);
+  });
+  EXPECT_EQ(form.pages.CurrentPage(), 1);
+  EXPECT_TRUE(shown);
+}
+
+TEST_F(Tabs, AltAndATabsLetterShowItsPage) {
+  Play([&](Hands& hands) { hands.TypeAlt('p'); });
+  EXPECT_EQ(form.pages.CurrentPage(), 1);
+  EXPECT_TRUE(shown);
 }
 
 TEST(NativeCaption, UnderlinesTheFirstOccurrenceOfTheKey) {

@@ -49,6 +49,15 @@ class Hands {
   void Press(WPARAM key) { ::PostMessageW(Focus(), WM_KEYDOWN, key, 1); }
   void Type(wchar_t letter) { ::PostMessageW(Focus(), WM_CHAR, static_cast<WPARAM>(letter), 1); }
 
+  /// Shift and a key, struck on the keyboard: what is held down is no part of a posted key.
+  static void PressWithShift(BYTE key) {
+    for (const BYTE down : {BYTE{VK_SHIFT}, key}) ::keybd_event(down, 0, 0, 0);
+    for (const BYTE up : {key, BYTE{VK_SHIFT}}) ::keybd_event(up, 0, KEYEVENTF_KEYUP, 0);
+  }
+  /// Alt and a key, or Alt and a letter, as they come to the window with the focus.
+  void PressAlt(WPARAM key) { ::PostMessageW(Focus(), WM_SYSKEYDOWN, key, kAltDown | 1); }
+  void TypeAlt(char letter) { ::PostMessageW(Focus(), WM_SYSCHAR, static_cast<WPARAM>(letter), kAltDown | 1); }
+
   HWND Focus() const {
     GUITHREADINFO info{};
     info.cbSize = sizeof(info);
@@ -57,6 +66,7 @@ class Hands {
   bool Has(const Control& control) const { return Focus() == Of(control); }
 
  private:
+  static constexpr LPARAM kAltDown = LPARAM{1} << 29;
   static bool Usable(HWND window) { return window && ::IsWindowVisible(window) && ::IsWindowEnabled(window); }
   HWND Find(const Form& form) { return Find(std::wstring(form.Caption().begin(), form.Caption().end()).c_str()); }
   HWND Find(const wchar_t* title) {

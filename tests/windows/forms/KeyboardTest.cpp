@@ -108,6 +108,82 @@ TEST_F(Keyboard, AControlHearsItsKeysFirst) {
   EXPECT_EQ(form.events, std::vector<std::string>{});
 }
 
+TEST_F(Keyboard, ShiftTabVisitsTheTabOrderBackwards) {
+  std::vector<Control*> visited;
+  Play([&](Hands& hands) {
+    for (int i = 0; i < 4; ++i) {
+      const auto before = form.ActiveControl();
+      visited.push_back(before);
+      hands.PressWithShift(VK_TAB);
+      if (!Until([&] { return form.ActiveControl() != before; })) return;
+    }
+  });
+  const std::vector<Control*> expected = {&form.txt, &form.butCancel, &form.butOk, &form.grd};
+  EXPECT_EQ(visited, expected);
+}
+
+TEST_F(Keyboard, AltAndALabelsLetterGoToTheControlBehindIt) {
+  form.lab.AccessKey('T');
+  form.grd.SetFocus();
+  bool came = false;
+  Play([&](Hands& hands) {
+    Until([&] { return hands.Has(form.grd); });
+    hands.TypeAlt('t');
+    came = Until([&] { return hands.Has(form.txt); });
+  });
+  EXPECT_TRUE(came);
+  EXPECT_EQ(form.events, std::vector<std::string>{});
+}
+
+TEST_F(Keyboard, AltAndAButtonsLetterPressIt) {
+  form.butOk.AccessKey('O');
+  Play([&](Hands& hands) { hands.TypeAlt('o'); });
+  EXPECT_EQ(form.events, std::vector<std::string>{"ok"});
+}
+
+TEST_F(Keyboard, AltAndALetterOfADisabledButtonDoNothing) {
+  form.butOk.AccessKey('O');
+  form.butOk.Enabled(false);
+  Play([&](Hands& hands) { hands.TypeAlt('o'); });
+  EXPECT_EQ(form.events, std::vector<std::string>{});
+}
+
+TEST_F(Keyboard, AControlHearsAltAndAnArrow) {
+  std::vector<KeyPress> heard;
+  form.lst.KeyDown = [&](const KeyPress& press) {
+    heard.push_back(press);
+    return true;
+  };
+  form.lst.ListIndex(1);
+  form.lst.SetFocus();
+  Play([&](Hands& hands) {
+    Until([&] { return hands.Has(form.lst); });
+    hands.PressAlt(VK_UP);
+    hands.PressAlt(VK_DOWN);
+    Until([&] { return heard.size() == 2; });
+  });
+  ASSERT_EQ(heard.size(), 2u);
+  EXPECT_EQ(heard[0].key, Key::Up);
+  EXPECT_EQ(heard[1].key, Key::Down);
+  EXPECT_TRUE(heard[0].alt && heard[1].alt);
+  EXPECT_EQ(form.lst.ListIndex(), 1) << "the list itself must not use the keys";
+}
+
+TEST_F(Keyboard, AltAndDownDropAComboDownAndAltAndUpCloseIt) {
+  form.com.SetFocus();
+  bool dropped = false, closed = false;
+  Play([&](Hands& hands) {
+    const auto isOpen = [&] { return ::SendMessageW(hands.Of(form.com), CB_GETDROPPEDSTATE, 0, 0) != 0; };
+    Until([&] { return ::IsChild(hands.Of(form.com), hands.Focus()) != FALSE; });
+    hands.PressAlt(VK_DOWN);
+    dropped = Until(isOpen);
+    hands.PressAlt(VK_UP);
+    closed = Until([&] { return !isOpen(); });
+  });
+  EXPECT_TRUE(dropped);
+  EXPECT_TRUE(closed);
+}
+
 TEST_F(Keyboard, TheFocusLeavesAControlThatIsDisabled) {
   form.txt.Change = [&] { form.txt.Enabled(false); };
   bool left = false;

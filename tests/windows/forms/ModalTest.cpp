@@ -17,18 +17,18 @@ class Modal : public WindowsFormTest {
   }
 };
 
+// A function and no lambda: 32-bit g++ does not turn those into callbacks of the system.
+BOOL CALLBACK CountWindow(HWND window, LPARAM count) {
+  wchar_t name[40];
+  ::GetClassNameW(window, name, 40);
+  // The input method's windows live as long as the thread.
+  if (!wcsstr(name, L"IME")) ++*reinterpret_cast<int*>(count);
+  return TRUE;
+}
+
 int WindowsOfThread() {
   int count = 0;
-  ::EnumThreadWindows(
-      ::GetCurrentThreadId(),
-      [](HWND window, LPARAM parameter) -> BOOL {
-        wchar_t name[40];
-        ::GetClassNameW(window, name, 40);
-        // The input method's windows live as long as the thread.
-        if (!wcsstr(name, L"IME")) ++*reinterpret_cast<int*>(parameter);
-        return TRUE;
-      },
-      reinterpret_cast<LPARAM>(&count));
+  ::EnumThreadWindows(::GetCurrentThreadId(), CountWindow, reinterpret_cast<LPARAM>(&count));
   return count;
 }
 

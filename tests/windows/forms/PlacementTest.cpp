@@ -6,6 +6,19 @@ namespace {
 
 class PlacementOnScreen : public WindowsFormTest {
  protected:
+  /// Shows the form; the user gives the window's menu a command, unless it is 0, and presses OK. True when the window
+  /// came up maximised.
+  bool ShowAndCommand(WPARAM command) {
+    std::atomic<bool> cameUpMaximised = false;
+    const Player player([&](Hands& hands) {
+      const auto window = hands.WaitFor(form);
+      cameUpMaximised = ::IsZoomed(window) != FALSE;
+      if (command) ::PostMessageW(window, WM_SYSCOMMAND, command, 0);
+      hands.Click(form.butOk);
+    });
+    form.Show();
+    return cameUpMaximised;
+  }
   Placement Now() const { return form.GetPlacement().value(); }
   SampleForm form{toolkit};
 };
@@ -82,6 +95,69 @@ TEST_F(PlacementOnScreen, TheNextShowingIsWhereTheLastOneWas) {
     form.Show();
   }
   EXPECT_EQ(Now().normal, wanted.normal);
+}
+
+TEST_F(PlacementOnScreen, AFormMaximisedByTheUserIsRememberedSoAfterItIsHidden) {
+  ShowAndCommand(SC_MAXIMIZE);
+  EXPECT_EQ(Now().showCommand, SW_SHOWMAXIMIZED);
+  EXPECT_EQ(form.WindowState(), WindowState::Maximized);
+}
+
+TEST_F(PlacementOnScreen, AFormMaximisedByTheUserComesUpSoAgain) {
+  ShowAndCommand(SC_MAXIMIZE);
+  EXPECT_TRUE(ShowAndCommand(0));
+}
+
+TEST_F(PlacementOnScreen, AMaximisedFormKeepsThePlaceItGoesBackTo) {
+  form.Load();
+  auto wanted = Now();
+  wanted.normal = {50, 60, 850, 760};
+  form.SetPlacement(wanted);
+  ShowAndCommand(SC_MAXIMIZE);
+  EXPECT_EQ(Now().normal, wanted.normal);
+}
+
+TEST_F(PlacementOnScreen, AFormRestoredByTheUserIsRememberedAsNormal) {
+  form.Load();
+  auto maximised = Now();
+  maximised.showCommand = SW_SHOWMAXIMIZED;
+  form.SetPlacement(maximised);
+  form.WindowState(WindowState::Maximized);
+  EXPECT_TRUE(ShowAndCommand(SC_RESTORE));
+  EXPECT_EQ(Now().showCommand, SW_SHOWNORMAL);
+  EXPECT_FALSE(ShowAndCommand(0));
+}
+
+TEST_F(PlacementOnScreen, AFormThatIsNeverShownKeepsItsShowCommand) {
+  form.Load();
+  auto maximised = Now();
+  maximised.showCommand = SW_SHOWMAXIMIZED;
+  form.SetPlacement(maximised);
+  form.Unload();
+  EXPECT_EQ(Now().showCommand, SW_SHOWMAXIMIZED);
+}
+
+/// Sizable, but with nothing that would show more in more room.
+class FieldsForm : public Form {
+ public:
+  explicit FieldsForm(Toolkit& toolkit) : Form(toolkit, "frmFields") {
+    BorderStyle(pellora::BorderStyle::Sizable);
+    Layout(Column({LayoutNode(txt).Stretch(), com}));
+  }
+
+ private:
+  TextBox txt{*this, "txt"};
+  ComboBox com{*this, "com", ComboStyle::DropDown};
+};
+
+TEST_F(PlacementOnScreen, ASizableFormWithoutListsStartsAtItsLeast) {
+  FieldsForm fields(toolkit);
+  fields.Load();
+  const auto first = fields.WindowPeer()->OuterSize();
+  auto tiny = fields.GetPlacement().value();
+  tiny.normal = {100, 100, 101, 101};
+  fields.SetPlacement(tiny);
+  EXPECT_EQ(first, fields.WindowPeer()->OuterSize());
 }
 
 TEST_F(PlacementOnScreen, AtOneAndAHalfTimesTheScaleAFormNeedsMoreRoom) {

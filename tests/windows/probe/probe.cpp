@@ -106,14 +106,15 @@ void PrintWindow(HWND window, int depth) {
     PrintWindow(child, depth + 1);
 }
 
+// A function and no lambda: 32-bit g++ does not turn those into callbacks of the system.
+BOOL CALLBACK CollectVisible(HWND window, LPARAM list) {
+  if (IsWindowVisible(window)) reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
+  return TRUE;
+}
+
 void PrintWindows() {
   std::vector<HWND> windows;
-  EnumWindows(
-      [](HWND window, LPARAM list) -> BOOL {
-        if (IsWindowVisible(window)) reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
-        return TRUE;
-      },
-      reinterpret_cast<LPARAM>(&windows));
+  EnumWindows(CollectVisible, reinterpret_cast<LPARAM>(&windows));
   for (const HWND window : windows) PrintWindow(window, 0);
 }
 

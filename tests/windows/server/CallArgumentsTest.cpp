@@ -34,6 +34,7 @@ class OneArgument {
   }
   VARIANTARG& value() { return *m_arguments.data(); }
   void WriteBack() { m_arguments.WriteBack(); }
+  void WriteBackChanged() { m_arguments.WriteBackChanged(); }
   UINT bad = 99;
 
  private:
@@ -64,6 +65,25 @@ TEST(CallArguments, AVariantVariableGetsTheMembersTypeBack) {
   *argument.value().piVal = 9;
   argument.WriteBack();
   EXPECT_EQ(FromVariant(variable.get()), Variant(std::int16_t{9}));
+}
+
+TEST(CallArguments, AnUnchangedVariableKeepsItsTypeAfterAFailure) {
+  OleVariant variable = ToVariant(Variant("7"));
+  OneArgument argument(kShortOut, Reference(VT_VARIANT, &variable.get()));
+  argument.Take();
+  argument.WriteBackChanged();
+  EXPECT_EQ(FromVariant(variable.get()), Variant("7"));
+}
+
+TEST(CallArguments, AChangedVariableIsWrittenAfterAFailureToo) {
+  OleVariant variable = ToVariant(Variant("7"));
+  OneArgument argument(kTextOut, Reference(VT_VARIANT, &variable.get()));
+  argument.Take();
+  ole::BStr text("8");
+  SysFreeString(*argument.value().pbstrVal);
+  *argument.value().pbstrVal = text.detach();
+  argument.WriteBackChanged();
+  EXPECT_EQ(FromVariant(variable.get()), Variant("8"));
 }
 
 TEST(CallArguments, AnUnsetVariantVariableCanTakeAText) {

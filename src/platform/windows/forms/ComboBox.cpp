@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/windows/forms/CentredEdit.h"
 #include "platform/windows/forms/Form.h"
 #include "platform/windows/forms/WideText.h"
 
@@ -25,13 +26,15 @@ const std::string* ItemBeginningWith(const std::vector<std::string>& items, cons
 ComboBoxPeer::ComboBoxPeer(WindowsFormPeer& form, pellora::ComboBox& combo) : PeerOf(form, combo) {
   const DWORD style = Editable() ? CBS_DROPDOWN | CBS_AUTOHSCROLL : CBS_DROPDOWNLIST;
   Make(WC_COMBOBOXW, style | CBS_HASSTRINGS | WS_VSCROLL | WS_TABSTOP);
+  if (const auto inner = InnerWindow()) CentreTextOf(inner);
   Changed(Aspect::Items);
   Changed(Aspect::Text);
 }
 
 WindowsControlPeer::KeyUse ComboBoxPeer::Use(const MSG& message) {
   if (message.message == WM_CHAR) m_typing = message.wParam >= L' ' && message.wParam != 0x7F;
-  if (message.message != WM_KEYDOWN) return KeyUse::Form;
+  const auto arrow = message.wParam == VK_UP || message.wParam == VK_DOWN;
+  if (message.message != WM_KEYDOWN && !(message.message == WM_SYSKEYDOWN && arrow)) return KeyUse::Form;
   m_typing = false;
   // Tab closes the list and moves on.
   return message.wParam != VK_TAB && Send(CB_GETDROPPEDSTATE) ? KeyUse::Native : KeyUse::Form;
@@ -43,7 +46,11 @@ void ComboBoxPeer::TabbedTo() {
 
 void ComboBoxPeer::Placed() {
   FitHeight();
-  // A resized combo marks its text as if it had the keyboard.
+  DropSelectionWithoutFocus();
+}
+
+void ComboBoxPeer::DropSelectionWithoutFocus() {
+  // A combo that is resized, or given a choice, marks its text as if it had the keyboard.
   if (!::IsChild(Window(), ::GetFocus())) DropSelection();
 }
 
@@ -54,6 +61,7 @@ void ComboBoxPeer::DropSelection() {
 void ComboBoxPeer::FontChanged() {
   PeerOf::FontChanged();
   FitHeight();
+  DropSelectionWithoutFocus();
 }
 
 HWND ComboBoxPeer::InnerWindow() const {
@@ -93,6 +101,7 @@ void ComboBoxPeer::FollowChoice() {
     Send(CB_SETCURSEL, static_cast<WPARAM>(Self().ListIndex()));
   const auto text = Wide(Self().Text());
   if (Editable() && TextOf(Window()) != text) ::SetWindowTextW(Window(), text.c_str());
+  DropSelectionWithoutFocus();
 }
 
 void ComboBoxPeer::Update(Aspect aspect) {

@@ -29,6 +29,7 @@ class ComboBoxPeer : public PeerOf<pellora::ComboBox> {
   void FollowChoice();
   void FitHeight();
   int MissingHeight() const;
+  void DropSelectionWithoutFocus();
   void DropSelection();
   void Complete();
   void ListClosed();

@@ -26,8 +26,10 @@ struct Surroundings {
 /// window, its fonts and its tool tips; the peers of the controls belong to their controls.
 ///
 /// Before it is placed a form is centred over the window it belongs to: at its least size, or somewhat larger when it
-/// is sizable. The system destroys a dialog together with the window it belongs to; then the peer lives on without a
-/// window, and a modal showing ends as if the user had closed the form.
+/// is sizable and has something that shows more when it is larger. When a showing ends, what the user has made of the
+/// window, maximised or not, becomes the form's window state and show command. The system destroys a dialog together
+/// with the window it belongs to; then the peer lives on without a window, and a modal showing ends as if the user had
+/// closed the form.
 class WindowsFormPeer : public FormPeer {
  public:
   WindowsFormPeer(pellora::Form& form, const Surroundings& surroundings);
@@ -75,10 +77,12 @@ class WindowsFormPeer : public FormPeer {
   Size OuterOf(Size client) const;
   Rect OuterPlace() const;
   void LayOut();
+  bool GainsByRoom() const;
   void PlaceByDefault();
   void FitToContent();
   RECT Reachable(RECT outer) const;
   UINT ShowCommand() const;
+  void RememberState();
 
   // Modal showing
   void Run();
@@ -90,6 +94,7 @@ class WindowsFormPeer : public FormPeer {
   // and what hears a key first are the same on every platform.
   bool Translate(const MSG& message);
   bool TranslateKey(const MSG& message, WindowsControlPeer* peer);
+  bool TranslateAltKey(const MSG& message);
   bool TranslateAccessKey(const MSG& message);
   bool MoveByTab(bool backwards);
   void FocusActive();

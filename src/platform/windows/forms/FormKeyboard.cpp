@@ -17,12 +17,16 @@ constexpr std::array kKnownKeys = {KnownKey{VK_RETURN, Key::Enter}, KnownKey{VK_
                                    KnownKey{VK_DELETE, Key::Delete}, KnownKey{VK_UP, Key::Up},
                                    KnownKey{VK_DOWN, Key::Down}};
 
+/// What a message of a key says of Alt.
+constexpr LPARAM kAltDown = LPARAM{1} << 29;
+
 bool IsDown(int key) { return ::GetKeyState(key) < 0; }
 
 KeyPress PressOf(const MSG& message) {
   const auto found = std::find_if(kKnownKeys.begin(), kKnownKeys.end(),
                                   [&](const KnownKey& known) { return known.native == message.wParam; });
-  return {found == kKnownKeys.end() ? Key::Other : found->key, IsDown(VK_CONTROL), IsDown(VK_SHIFT), IsDown(VK_MENU)};
+  const auto alt = IsDown(VK_MENU) || (message.lParam & kAltDown) != 0;
+  return {found == kKnownKeys.end() ? Key::Other : found->key, IsDown(VK_CONTROL), IsDown(VK_SHIFT), alt};
 }
 
 /// True for the repeated messages of a key that is held down.
@@ -46,9 +50,7 @@ bool WindowsFormPeer::Translate(const MSG& message) {
   if (use != WindowsControlPeer::KeyUse::Form) return use == WindowsControlPeer::KeyUse::Done;
   switch (message.message) {
     case WM_KEYDOWN: return TranslateKey(message, peer);
-    case WM_SYSKEYDOWN:
-      if (message.wParam == VK_MENU) ShowCues(UISF_HIDEACCEL);
-      return false;
+    case WM_SYSKEYDOWN: return TranslateAltKey(message);
     case WM_SYSCHAR: return TranslateAccessKey(message);
     default: return false;
   }
@@ -68,6 +70,15 @@ bool WindowsFormPeer::TranslateKey(const MSG& message, WindowsControlPeer* peer)
   if (m_form.PeerKey(press)) return true;
   if (press.key == Key::Escape && !m_form.CancelButton()) m_form.PeerClose();
   return closes && !(press.key == Key::Enter && TakesLineBreaks(peer));
+}
+
+bool WindowsFormPeer::TranslateAltKey(const MSG& message) {
+  if (message.wParam == VK_MENU) ShowCues(UISF_HIDEACCEL);
+  const auto press = PressOf(message);
+  if ((press.key != Key::Up && press.key != Key::Down) || !m_form.PeerKey(press)) return false;
+  // The platform must hear of it: it would take Alt, once it is let go, for pressed alone, and open the window's menu.
+  if (m_window) ::DefWindowProcW(Window(), message.message, message.wParam, message.lParam);
+  return true;
 }
 
 bool WindowsFormPeer::TranslateAccessKey(const MSG& message) {

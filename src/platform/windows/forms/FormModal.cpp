@@ -54,6 +54,7 @@ void WindowsFormPeer::Leave(HWND owner) {
   if (!m_window) return;
   const auto wasActive = ::GetActiveWindow() == Window();
   if (wasActive && ::IsWindow(owner)) ::SetActiveWindow(owner);
+  RememberState();
   ::ShowWindow(Window(), SW_HIDE);
 }
 

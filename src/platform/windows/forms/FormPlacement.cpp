@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "forms/TextBox.h"
 #include "platform/windows/forms/Dpi.h"
 #include "platform/windows/forms/Form.h"
 #include "platform/windows/forms/Modal.h"
@@ -7,7 +8,7 @@
 namespace pellora::windows {
 namespace {
 
-/// What a sizable form gets beyond its least size when it is shown for the first time, in hundredths.
+/// What a form with lists or long texts gets when it is shown for the first time, in hundredths of its least size.
 constexpr int kComfort = 125;
 /// How much of a caption must be on a display for the user to get hold of it.
 constexpr int kGripDip = 32;
@@ -89,6 +90,19 @@ void WindowsFormPeer::Place(HWND child, const Rect& bounds) {
     ::SetWindowPos(child, nullptr, bounds.left, bounds.top, bounds.Width(), bounds.Height(), flags);
 }
 
+bool WindowsFormPeer::GainsByRoom() const {
+  const auto gains = [](const pellora::Control* control) {
+    switch (control->Kind()) {
+      case ControlKind::Grid:
+      case ControlKind::ListBox: return true;
+      case ControlKind::TextBox: return static_cast<const pellora::TextBox*>(control)->MultiLine();
+      default: return false;
+    }
+  };
+  const auto controls = m_form.Descendants();
+  return m_form.BorderStyle() == BorderStyle::Sizable && std::any_of(controls.begin(), controls.end(), gains);
+}
+
 void WindowsFormPeer::PlaceByDefault() {
   auto client = LeastClient();
   const auto owner = ::GetWindow(Window(), GW_OWNER);
@@ -98,7 +112,7 @@ void WindowsFormPeer::PlaceByDefault() {
       overOwner ? WorkAreaNear(over) : MonitorOf(::MonitorFromWindow(Window(), MONITOR_DEFAULTTOPRIMARY)).rcWork;
   if (!overOwner) over = work;
   auto outer = OuterOf(client);
-  if (m_form.BorderStyle() == BorderStyle::Sizable) {
+  if (GainsByRoom()) {
     const auto larger = OuterOf({client.width * kComfort / 100, client.height * kComfort / 100});
     outer.width = std::max(outer.width, std::min(larger.width, static_cast<int>(WidthOf(work))));
     outer.height = std::max(outer.height, std::min(larger.height, static_cast<int>(HeightOf(work))));
@@ -172,6 +186,17 @@ UINT WindowsFormPeer::ShowCommand() const {
   const auto sizable = m_form.BorderStyle() == BorderStyle::Sizable;
   const auto maximised = m_showCommand == SW_SHOWMAXIMIZED || m_form.WindowState() == WindowState::Maximized;
   return sizable && maximised ? SW_SHOWMAXIMIZED : SW_SHOWNORMAL;
+}
+
+void WindowsFormPeer::RememberState() {
+  // A hidden window has no state of its own any more.
+  WINDOWPLACEMENT native{};
+  native.length = sizeof(native);
+  if (!::GetWindowPlacement(Window(), &native)) return;
+  const auto minimised = native.showCmd == SW_SHOWMINIMIZED;
+  const auto maximised = minimised ? (native.flags & WPF_RESTORETOMAXIMIZED) != 0 : native.showCmd == SW_SHOWMAXIMIZED;
+  m_showCommand = maximised ? SW_SHOWMAXIMIZED : SW_SHOWNORMAL;
+  m_form.WindowState(maximised ? WindowState::Maximized : WindowState::Normal);
 }
 
 Rect WindowsFormPeer::Desktop() {

@@ -1,5 +1,6 @@
 #include "platform/windows/forms/TextBox.h"
 
+#include "platform/windows/forms/CentredEdit.h"
 #include "platform/windows/forms/WideText.h"
 
 namespace pellora::windows {
@@ -14,6 +15,7 @@ DWORD StyleOf(const pellora::TextBox& box) {
 
 TextBoxPeer::TextBoxPeer(WindowsFormPeer& form, pellora::TextBox& box) : PeerOf(form, box) {
   Make(WC_EDITW, StyleOf(box), WS_EX_CLIENTEDGE);
+  if (!box.MultiLine()) CentreTextOf(Window());
   // As much as memory holds; several lines stop at 32 KB otherwise.
   Send(EM_SETLIMITTEXT);
   Changed(Aspect::Text);

@@ -30,6 +30,13 @@ std::size_t WidthOf(VARTYPE type) {
   return 0;
 }
 
+bool SameValue(const VARIANTARG& left, const VARIANTARG& right) {
+  if (left.vt != VT_BSTR) return left.vt == right.vt && std::memcmp(&left.llVal, &right.llVal, WidthOf(left.vt)) == 0;
+  const UINT bytes = SysStringByteLen(left.bstrVal);
+  return right.vt == VT_BSTR && bytes == SysStringByteLen(right.bstrVal) &&
+         (bytes == 0 || std::memcmp(left.bstrVal, right.bstrVal, bytes) == 0);
+}
+
 // The variable behind references to variants; null for a null or endless one.
 VARIANTARG* Innermost(VARIANTARG* variable) {
   for (int references = 0; variable && variable->vt == (VT_BYREF | VT_VARIANT); ++references) {
@@ -107,12 +114,22 @@ HRESULT CallArguments::Fit(VARIANTARG& given, VARTYPE type, std::size_t slot) {
   if (!byReference) return S_OK;
   m_values[slot].vt = type;
   m_values[slot].byref = &temporary.get().llVal;
-  if (given.vt & VT_BYREF) m_borrowed.push_back({&given, slot});
-  return S_OK;
+  if (!(given.vt & VT_BYREF)) return S_OK;
+  Borrowed borrowed{&given, slot, {}};
+  const HRESULT copied = VariantCopy(&borrowed.before.get(), &temporary.get());
+  m_borrowed.push_back(std::move(borrowed));
+  return copied;
 }
 
 void CallArguments::WriteBack() {
   for (const Borrowed& borrowed : m_borrowed) WriteTo(*borrowed.variable, m_temporaries[borrowed.slot].get());
+}
+
+void CallArguments::WriteBackChanged() {
+  std::erase_if(m_borrowed, [this](const Borrowed& borrowed) {
+    return SameValue(borrowed.before.get(), m_temporaries[borrowed.slot].get());
+  });
+  WriteBack();
 }
 
 }  // namespace pellora::windows

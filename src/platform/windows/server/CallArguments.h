@@ -28,6 +28,8 @@ class CallArguments {
   /// Puts the temporaries back into the caller's variables: a variant takes the member's type, a variable of another
   /// type what converts to it, and keeps its value where that does not convert.
   void WriteBack();
+  /// The same for those alone that the member has changed: a call that failed leaves the others as they are.
+  void WriteBackChanged();
 
  private:
   HRESULT Fit(VARIANTARG& given, VARTYPE type, std::size_t slot);
@@ -35,6 +37,7 @@ class CallArguments {
   struct Borrowed {
     VARIANTARG* variable;
     std::size_t slot;
+    ole::OleVariant before;
   };
 
   const std::vector<VARTYPE>& m_types;

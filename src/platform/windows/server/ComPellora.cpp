@@ -29,6 +29,8 @@ constexpr std::string ContractRecord::*kTexts[] = {
     &ContractRecord::Exchange, &ContractRecord::PrimaryExchange, &ContractRecord::TypeCurrency,
 };
 
+using TextVariables = std::array<BSTR*, std::size(kTexts)>;
+
 template <class... Pointers>
 bool AnyNull(const Pointers*... pointers) {
   return (... || (pointers == nullptr));
@@ -45,8 +47,15 @@ ComPtr<_cPellora> MakeOrRaise(_cPellora* (*make)()) {
   return made;
 }
 
+ContractRecord ReadTexts(const TextVariables& variables) {
+  ContractRecord contract;
+  for (std::size_t i = 0; i < variables.size(); ++i)
+    contract.*kTexts[i] = ole::Narrow({*variables[i], SysStringLen(*variables[i])});
+  return contract;
+}
+
 // Makes all texts before it touches a variable, so that the variables change together or not at all.
-void WriteTexts(const ContractRecord& contract, const std::array<BSTR*, std::size(kTexts)>& variables) {
+void WriteTexts(const ContractRecord& contract, const TextVariables& variables) {
   std::array<BStr, std::size(kTexts)> texts;
   for (std::size_t i = 0; i < texts.size(); ++i) texts[i] = BStr(contract.*kTexts[i]);
   for (std::size_t i = 0; i < texts.size(); ++i) {
@@ -128,7 +137,8 @@ HRESULT ComPellora::CallMember(const Member& member, const DISPPARAMS& parameter
   OleVariant answer;
   const HRESULT code = m_state->type()->Invoke(static_cast<_cPellora*>(this), member.id, static_cast<WORD>(member.kind),
                                                &fitting, put ? nullptr : answer.put(), info, badArgument);
-  if (SUCCEEDED(code) || code == DISP_E_EXCEPTION) arguments.WriteBack();
+  if (SUCCEEDED(code)) arguments.WriteBack();
+  if (code == DISP_E_EXCEPTION) arguments.WriteBackChanged();
   if (SUCCEEDED(code) && result) *result = answer.detach();
   return code;
 }
@@ -205,12 +215,21 @@ HRESULT ComPellora::AddNewSymbol(BSTR* Symbol, BSTR* TypeSymbol, BSTR* Expiry, d
   if (AnyNull(Symbol, TypeSymbol, Expiry, Right, Exchange, PrimaryExchange, TypeCurrency) ||
       AnyNull(Strike, Multiplier) || AnyNull(ComTypeListIndex, outcome))
     return E_POINTER;
-  ContractRecord contract;
-  contract.ComTypeListIndex = *ComTypeListIndex;
-  const HRESULT code = Run([&] { *outcome = m_object.AddNewSymbol(contract); });
-  // Also after a failure: the caller then finds what the dialog had filled in. The failure's own record stays.
+  const TextVariables texts = {Symbol, TypeSymbol, Expiry, Right, Exchange, PrimaryExchange, TypeCurrency};
+  ContractRecord before, contract;
+  const HRESULT code = Run([&] {
+    before = ReadTexts(texts);
+    before.Strike = *Strike;
+    before.Multiplier = *Multiplier;
+    before.ComTypeListIndex = *ComTypeListIndex;
+    contract = before;
+    *outcome = m_object.AddNewSymbol(contract);
+  });
+  // A call that was refused has not come to the variables. One that failed later has: the caller finds how far it came,
+  // and the failure's own record stays.
+  if (contract == before) return code;
   try {
-    WriteTexts(contract, {Symbol, TypeSymbol, Expiry, Right, Exchange, PrimaryExchange, TypeCurrency});
+    WriteTexts(contract, texts);
   } catch (...) {
     return ole::ReportCaught(__uuidof(_cPellora), kSource);
   }

@@ -16,8 +16,9 @@ namespace pellora::windows {
 ///
 /// By-reference arguments may be variables of the member's types, of other types that convert, variants, or literals;
 /// one that does not convert is refused with type mismatch and nothing happens. `CreateNewProject` writes its
-/// arguments only when it answers true; `AddNewSymbol` writes all of them, also when it fails. Results are written on
-/// success only.
+/// arguments only when it answers true. `AddNewSymbol` writes all of them; when it fails, what it had changed by then,
+/// so that a call that is refused because a dialog is open leaves them as they are. Results are written on success
+/// only.
 class ComPellora final : public _cPellora, public ISupportErrorInfo {
  public:
   /// Makes the object and answers an interface of it. Raises 0x80040064, "cPellora component failure", of source

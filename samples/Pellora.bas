@@ -1,0 +1,150 @@
+Attribute VB_Name = "PelloraDialogs"
+Option Explicit
+
+' The dialogs of a quote workbook, for its macros. Import this module (File, Import File...) and call, from buttons or
+' from macros of your own:
+'
+'   ChooseQuoteFields    the quote fields of a new project
+'   AddInstruments       instruments, each written below the last one on the quote sheet
+'   SetUpTapes           ticker tapes, their places picked with the mouse when wanted
+'   ReleasePellora       lets the library go; Workbook_BeforeClose is the place to call it
+'
+' Everything here is late-bound: the workbook opens on every machine, also where the library is not installed. With a
+' reference to "Vantix user interface library" (Tools, References...) the same is early-bound, with completion while you
+' type:
+'
+'   Private mLibrary As Pellora.cPellora
+'   Set mLibrary = New Pellora.cPellora
+'
+' Then every by-reference argument must be a variable of exactly the type used below.
+
+Private mLibrary As Object
+
+' The library's one object, made on first use and told which Excel it works in.
+Private Function Library() As Object
+    If mLibrary Is Nothing Then
+        Set mLibrary = CreateObject("Pellora.cPellora")
+        Set mLibrary.ExcelApplication = Application
+    End If
+    Set Library = mLibrary
+End Function
+
+' Lets the user choose, and says what was chosen. A workbook would lay out its quote sheet here.
+Public Sub ChooseQuoteFields()
+    Dim wanted(0 To 9) As Integer
+    On Error GoTo Failed
+    If Library.CreateNewProject(wanted(0), wanted(1), wanted(2), wanted(3), wanted(4), wanted(5), wanted(6), _
+            wanted(7), wanted(8), wanted(9)) Then
+        MsgBox "Chosen: " & ChosenFields(wanted)
+    End If
+    Exit Sub
+Failed:
+    MsgBox FailureText(Err.Number, Err.Source, Err.Description), vbExclamation
+End Sub
+
+' Asks for instruments until the user is finished: 1 is insert, 4 insert and ask again, 2 cancelled.
+Public Sub AddInstruments()
+    Dim answer As Integer, symbol As String, typeSymbol As String, expiry As String, strike As Double
+    Dim putOrCall As String, multiplier As Double, exchange As String, primaryExchange As String
+    Dim currencyCode As String, typeIndex As Integer
+    On Error GoTo Failed
+    Do
+        ' What goes in as typeIndex is the type the dialog comes up with: the one of the instrument before.
+        answer = Library.AddNewSymbol(symbol, typeSymbol, expiry, strike, putOrCall, multiplier, exchange, _
+            primaryExchange, currencyCode, typeIndex)
+        If answer = 1 Or answer = 4 Then
+            WriteInstrument ContractCells(symbol, typeSymbol, expiry, strike, putOrCall, multiplier, exchange, _
+                primaryExchange, currencyCode)
+        End If
+    Loop While answer = 4
+    Exit Sub
+Failed:
+    MsgBox FailureText(Err.Number, Err.Source, Err.Description), vbExclamation
+End Sub
+
+' Shows the ticker tape dialog until it is finished. When it wants a place to be picked it steps aside and answers
+' "DATABEGINNING"; it keeps all that was entered, and goes on when it is shown again.
+Public Sub SetUpTapes()
+    Dim place As String
+    On Error GoTo Failed
+    Do While Library.ShowRefEditInterface() = "DATABEGINNING"
+        place = PickedPlace()
+        If place <> "" Then Library.RefEditInputs = place
+    Loop
+    Exit Sub
+Failed:
+    MsgBox FailureText(Err.Number, Err.Source, Err.Description), vbExclamation
+End Sub
+
+' Lets the ticker tape dialog and the library go. The next call starts anew.
+Public Sub ReleasePellora()
+    On Error Resume Next
+    If Not mLibrary Is Nothing Then mLibrary.UnloadfrmMaster
+    Set mLibrary = Nothing
+End Sub
+
+' The range that the user picks in the workbook, as the dialog wants it; nothing when the user cancels.
+Private Function PickedPlace() As String
+    Dim picked As Object
+    ' Cancelled, InputBox answers False, which is no object.
+    On Error Resume Next
+    Set picked = Application.InputBox("Where shall the ticker tape begin?", "Ticker tape", Type:=8)
+    On Error GoTo 0
+    If Not picked Is Nothing Then PickedPlace = SheetAddress(picked.Worksheet.Name, picked.Address)
+End Function
+
+' Writes the nine cells of a contract below the last instrument of the active workbook.
+Private Sub WriteInstrument(contract As Variant)
+    Dim first As Object, row As Long
+    Set first = Application.Range("TWS_Symbol").Cells(1, 1)
+    row = first.Worksheet.Cells(first.Worksheet.Rows.Count, first.Column).End(-4162).Row + 1
+    first.Worksheet.Cells(row, first.Column).Resize(1, 9).Value = contract
+End Sub
+
+' The cells of a contract in the order of the quote sheet. A strike or multiplier of 0 means that there is none.
+Public Function ContractCells(symbol As String, typeSymbol As String, expiry As String, strike As Double, _
+        putOrCall As String, multiplier As Double, exchange As String, primaryExchange As String, _
+        currencyCode As String) As Variant
+    ContractCells = Array(symbol, typeSymbol, expiry, NumberOrNothing(strike), putOrCall, _
+        NumberOrNothing(multiplier), exchange, primaryExchange, currencyCode)
+End Function
+
+Public Function NumberOrNothing(number As Double) As Variant
+    If number = 0 Then NumberOrNothing = Empty Else NumberOrNothing = number
+End Function
+
+' The names of the fields whose flag is set, in the order of CreateNewProject's arguments.
+Public Function ChosenFields(wanted As Variant) As String
+    Dim names As Variant, i As Integer
+    names = Array("ask price", "ask size", "bid price", "bid size", "close", "high", "last price", "last size", _
+        "low", "volume")
+    For i = 0 To 9
+        If wanted(i) = 1 Then ChosenFields = ChosenFields & IIf(ChosenFields = "", "", ", ") & names(i)
+    Next i
+End Function
+
+' A place with its sheet. Quotes are needed around a name that is more than letters, digits and underlines.
+Public Function SheetAddress(sheetName As String, address As String) As String
+    Dim i As Integer, plain As Boolean
+    plain = True
+    For i = 1 To Len(sheetName)
+        If InStr("ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_", UCase(Mid(sheetName, i, 1))) = 0 Then plain = False
+    Next i
+    If plain Then
+        SheetAddress = sheetName & "!" & address
+    Else
+        SheetAddress = "'" & Replace(sheetName, "'", "''") & "'!" & address
+    End If
+End Function
+
+' What to tell the user when a call has failed.
+Public Function FailureText(number As Long, source As String, description As String) As String
+    Select Case number
+        Case 429
+            FailureText = "The dialogs are not installed for this Excel. Run install.cmd, then check.cmd."
+        Case -2147221404
+            FailureText = "The dialog could not do its work, or another one is still open. (" & source & ")"
+        Case Else
+            FailureText = description & " (" & number & ", " & source & ")"
+    End Select
+End Function
