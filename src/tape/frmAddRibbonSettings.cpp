@@ -44,23 +44,15 @@ std::string frmAddRibbon::LastUsedCell(Steps& step, const excel::Worksheet& shee
   return LastFoundCell(step, sheet, startCell);
 }
 
-// A search that finds nothing means an empty sheet. One that failed and was passed over means nothing.
 std::string frmAddRibbon::LastFoundCell(Steps& step, const excel::Worksheet& sheet, std::string_view startCell) {
   const auto cells = step([&] { return sheet.Cells(); });
-  int searched = 0;
-  const auto search = [&](std::int32_t order) {
-    return step([&] {
-      const auto found = cells.FindPrevious("*", order);
-      ++searched;
-      return found;
-    });
-  };
-  const auto lowest = search(excel::xlByRows);
-  const auto rightmost = search(excel::xlByColumns);
-  if (searched < 2) return {};
-  if (!lowest || !rightmost) return std::string(startCell);
-  const auto row = step([&] { return lowest.Row(); });
-  const auto column = step([&] { return rightmost.Column(); });
+  // Nothing found and not searched are two things: the one is an empty sheet, of the other nothing is known.
+  const auto lowest = step([&] { return std::optional(cells.FindPrevious("*", excel::xlByRows)); });
+  const auto rightmost = step([&] { return std::optional(cells.FindPrevious("*", excel::xlByColumns)); });
+  if (!lowest || !rightmost) return {};
+  if (!*lowest || !*rightmost) return std::string(startCell);
+  const auto row = step([&] { return lowest->Row(); });
+  const auto column = step([&] { return rightmost->Column(); });
   return row < 1 || column < 1 ? std::string() : RelativeAddress({row, column, row, column});
 }
 

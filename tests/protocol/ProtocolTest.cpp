@@ -268,6 +268,18 @@ TEST(Protocol, IgnoringOneReadOfTheStoreCostsTheContractDialogOneListAtMost) {
   }
 }
 
+TEST(Protocol, IgnoringAnyCallWhileATapeIsWrittenNeverWritesOverThoseRecorded) {
+  for (const auto& scenario : AllScenarios()) {
+    if (scenario.routine != "frmAddRibbon.AddSymbolToSheet") continue;
+    const Judge judge(scenario);
+    for (std::size_t n = 1; n <= judge.Calls(); ++n) {
+      const auto picture = protocol::Run(scenario, n, "btnIgnore").picture;
+      for (const char* cell : {"1,1=|Tape header for Ticker", "2,1=|Last", "2,4=|Sheet1!A1:C9"})
+        EXPECT_NE(picture.find(cell), std::string::npos) << scenario.Title() << ": call " << n << " costs " << cell;
+    }
+  }
+}
+
 TEST(Protocol, EveryExceptionIsStillNeeded) {
   std::vector<OutwardCall> calls;
   for (const auto& scenario : AllScenarios()) {

@@ -194,6 +194,12 @@ std::vector<Scenario> Writing() {
        },
        check},
       {"frmAddRibbon.AddSymbolToSheet", "", Described, [](World& w) { w.Ribbon().AddSymbolToSheet(); }},
+      {"frmAddRibbon.AddSymbolToSheet", "formats beyond the records",
+       [](World& w) {
+         Described(w);
+         w.host().document().FindSheet("Ticker_tape_settings")->At({9, 4}).format.interior = 15;
+       },
+       [](World& w) { w.Ribbon().AddSymbolToSheet(); }},
       {"frmAddRibbon.ColorSelectRange", "", Described, [](World& w) { w.Ribbon().ColorSelectRange(); }},
       {"frmAddRibbon.GotoLastCell", "", FillWorkbook, lastCell},
       {"frmAddRibbon.GotoLastCell", "formats beyond the content", UsedAreaBeyondContent, lastCell},

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
+
 #include "platform/headless/Headless.h"
 #include "support/mGlobal.h"
 #include "tests/support/Failure.h"
@@ -237,6 +239,22 @@ TEST_F(CAppSettingsStore, WithoutAPlatformEveryOperationIsTheComponentFailure) {
   EXPECT_EQ(Failure([&] { settings.DeleteSetting("S", ""); }), kFailure);
   EXPECT_EQ(Failure([&] { settings.GetAllKeys("S", keys); }), kFailure);
   EXPECT_EQ(Failure([&] { Get("Name"); }), "0x80044284|Pellora.CAppSettings|CAppSettings component failure");
+}
+
+/// A registry for which the memory does not suffice.
+struct ExhaustedRegistry : headless::MemoryRegistry {
+  std::optional<RegistryValue> QueryValue(std::int32_t, std::string_view, std::string_view) override {
+    throw std::bad_alloc();
+  }
+};
+
+TEST_F(CAppSettingsStore, FailureThatIsNoErrorIsTheComponentFailureToo) {
+  ExhaustedRegistry registry;
+  Platform exhausted{platform.toolkit,  registry, platform.shell, platform.clock, platform.eventLog,
+                     platform.logFiles, {}};
+  mGlobal::InstallPlatform(&exhausted);
+  EXPECT_EQ(Failure([&] { Get("x"); }), "0x80044284|Pellora.CAppSettings|CAppSettings component failure");
+  mGlobal::InstallPlatform(&platform.platform);
 }
 
 }  // namespace

@@ -64,6 +64,13 @@ TEST(CFormRestoreDefaults, AreCentredAndPossiblyMinimised) {
   EXPECT_EQ(restore.KeyName(), "Windows settings");
 }
 
+TEST_F(CFormRestorePlacement, FormThatWasNeverShownTakesTheSavedCornerAndNoSize) {
+  Saved({"1", "-1", "-1", "-1", "-1", "10", "20", "10", "20"});
+  Window unloaded(platform.toolkit, BorderStyle::FixedDialog);
+  restore.GetPosition(unloaded);
+  EXPECT_EQ(NormalOf(unloaded), (Rect{10, 20, 10, 20}));
+}
+
 TEST_F(CFormRestorePlacement, InitWithoutAStoreIsRefused) {
   EXPECT_EQ(Failure([&] { restore.Init(nullptr, false); }),
             "0x8004449A|Pellora.CFormRestore|Invalid AppSettings object");
