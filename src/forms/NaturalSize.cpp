@@ -26,6 +26,7 @@ constexpr int kScrollBar = 17;
 constexpr int kListBorder = 4;
 constexpr int kItemPadding = 4;
 constexpr int kHeaderPadding = 12;
+constexpr int kColumnPadding = 14;
 constexpr int kRowPadding = 6;
 constexpr int kFramePadding = 9;
 constexpr int kFrameTitleInset = 9;
@@ -113,7 +114,7 @@ Size LinesSize(const Wishes& wishes, int linePadding, const TextMeasurer& measur
 
 Size GridSize(const Grid& grid, const Wishes& wishes, const TextMeasurer& measurer) {
   auto width = measurer.Scale(kScrollBar) + measurer.Scale(kListBorder);
-  for (int column = 0; column < grid.Cols(); ++column) width += measurer.Scale(grid.ColumnAt(column).width);
+  for (int column = 0; column < grid.Cols(); ++column) width += NaturalColumnWidth(grid, column, measurer);
   const auto line = LineHeight(measurer);
   const auto header = line + measurer.Scale(kHeaderPadding);
   const auto rows = AskedLines(wishes) * (line + measurer.Scale(kRowPadding));
@@ -161,6 +162,12 @@ Inset PageInset(const Pages& pages, const TextMeasurer& measurer) {
   if (!pages.ShowTabs()) return {};
   const auto padding = measurer.Scale(kPagePadding);
   return {padding, padding, padding, padding};
+}
+
+int NaturalColumnWidth(const Grid& grid, int column, const TextMeasurer& measurer) {
+  const auto& asked = grid.ColumnAt(column);
+  const auto header = measurer.Measure(asked.header, TextStyle::Normal).width + measurer.Scale(kColumnPadding);
+  return std::max(measurer.Scale(asked.width), header);
 }
 
 int TitleWidth(const Container& container, const TextMeasurer& measurer) {

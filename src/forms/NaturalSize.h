@@ -6,6 +6,7 @@ namespace pellora {
 
 class Control;
 class Container;
+class Grid;
 class Pages;
 class TextMeasurer;
 
@@ -39,6 +40,8 @@ Inset ContainerInset(const Container& container, const TextMeasurer& measurer);
 Inset PagesInset(const Pages& pages, const TextMeasurer& measurer);
 /// From a page to its content.
 Inset PageInset(const Pages& pages, const TextMeasurer& measurer);
+/// The least width of a grid's column, in pixels: its own, or what its header takes.
+int NaturalColumnWidth(const Grid& grid, int column, const TextMeasurer& measurer);
 /// The width at which a frame's title is whole, or all tabs are.
 int TitleWidth(const Container& container, const TextMeasurer& measurer);
 int TabsWidth(const Pages& pages, const TextMeasurer& measurer);

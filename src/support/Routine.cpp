@@ -57,8 +57,9 @@ void RunProtected(BodyRef statement, int line) {
 void Steps::Run(BodyRef statement, int line) { RunProtected(statement, line); }
 
 // A trace log that cannot be written must not stop the work; the handler keeps the entries right all the same.
-void Routines::Push(std::string_view name) const noexcept {
-  if (const auto handler = mGlobal::ErrorHandler) Quietly([&] { handler->CallStackPush(QualifiedName(name), {}); });
+void Routines::Push(std::string_view name, std::size_t count) const noexcept {
+  const auto handler = mGlobal::ErrorHandler;
+  if (handler) Quietly([&] { handler->CallStackPush(QualifiedName(name), {}, count); });
 }
 
 void Routines::Pop() const noexcept {

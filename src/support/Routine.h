@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -80,9 +81,9 @@ class Routines {
     return RunRoutine(name, BodyRef(run), line) ? result : Result{};
   }
 
-  /// Puts a routine's entry on the call stack, and takes the top entry off it, for the few routines that keep to a
-  /// protocol of their own. Never fail.
-  void Push(std::string_view name) const noexcept;
+  /// Puts a routine's entry on the call stack (`count` times), and takes the top entry off it, for the few routines
+  /// that keep to a protocol of their own. Never fail.
+  void Push(std::string_view name, std::size_t count = 1) const noexcept;
   void Pop() const noexcept;
 
   /// "Pellora." + object + "." + `name`.

@@ -13,7 +13,7 @@ using Areas = std::optional<std::vector<Area>>;
 // Where a link points on the quote sheet. A link to any other sheet follows no quote.
 Areas LinkedAreas(const std::string& link, const TapeIndex::Resolver& resolve, std::map<std::string, Areas>& resolved) {
   const auto [sheet, address] = SplitSheetAddress(link);
-  if (!EqualNoCase(Replace(sheet, "=", ""), kQuoteSheet)) return std::nullopt;
+  if (!EqualNoCase(UnquotedSheet(Replace(sheet, "=", "")), kQuoteSheet)) return std::nullopt;
   if (const auto plain = ParseArea(address)) return std::vector{*plain};
   const auto [known, isNew] = resolved.try_emplace(address);
   if (isNew && resolve) known->second = resolve(address);

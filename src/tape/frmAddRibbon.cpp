@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "core/Error.h"
+#include "support/Quietly.h"
 
 namespace pellora {
 namespace {
@@ -80,6 +81,15 @@ void frmAddRibbon::Form_Load() {
     ViewToTable();
     txtAddress.Text(modifyAddress());
   });
+}
+
+void frmAddRibbon::OnQueryUnload(std::int16_t& cancel, std::int16_t& unloadMode) {
+  const bool byUser = unloadMode != kUnloadByCode;
+  Form_QueryUnload(cancel, unloadMode);
+  if (!byUser) return;
+  Tag("CLOSE");
+  Quietly([&] { Hide(); });
+  cancel = 1;
 }
 
 void frmAddRibbon::Form_QueryUnload(std::int16_t& Cancel, std::int16_t& UnloadMode) {

@@ -92,7 +92,9 @@ class frmAddRibbon : public Form, protected Routines {
  protected:
   // Life and buttons.
   void OnLoad() override { Form_Load(); }
-  void OnQueryUnload(std::int16_t& cancel, std::int16_t& unloadMode) override { Form_QueryUnload(cancel, unloadMode); }
+  /// Runs `Form_QueryUnload`. Whatever became of it, a user's closing leaves the dialog hidden, loaded, and with the
+  /// outcome "CLOSE": with an older outcome the workbook would go on asking for a location.
+  void OnQueryUnload(std::int16_t& cancel, std::int16_t& unloadMode) override;
   void Form_Load();
   /// Saves the placement and hides. A user's closing is turned into hiding (`Cancel` 1), the program's own unload
   /// proceeds (both 0).
@@ -134,7 +136,7 @@ class frmAddRibbon : public Form, protected Routines {
   // Addresses.
   void ReturnNameSheetAndAddress(std::string& NameSheet, std::string& Address, std::string_view FullAddress);
   /// The common area of two areas as the spreadsheet writes it; "" when the sheets differ (letter case apart), when
-  /// there is none, and on any failure, quietly. Leaves its entry on the call stack, deliberately.
+  /// there is none, and on any failure whatever, quietly. Leaves its entry on the call stack, deliberately.
   std::string myIntersect(std::string_view Sheet1, std::string_view Address1, std::string_view Sheet2,
                           std::string_view Address2);
   std::string ColumnAddress(std::string_view Name);
@@ -145,7 +147,8 @@ class frmAddRibbon : public Form, protected Routines {
   /// The area in `txtAddress` with the columns a tape needs and at least 3 rows (else 20); "" for what is no area.
   std::string modifyAddress();
   bool ChechAddressRange(std::string_view Address);
-  /// Which recorded tape the area would overlap, "" for none.
+  /// Which recorded tape the area would overlap, "" for none. Records that could not be read when the dialog loaded
+  /// are tried again first.
   std::string CheckAddressIntersect(std::string_view Address);
   /// `Text` with each of `Symbols` replaced by "_".
   std::string remove_bad_symbols(const Variant& Text, std::string_view Symbols);
@@ -154,10 +157,11 @@ class frmAddRibbon : public Form, protected Routines {
   bool CheckField();
 
   // Writer and settings sheet.
+  /// Writes a tape and its record; neither when the record's place cannot be told.
   void AddSymbolToSheet();
   void ColorSelectRange();
-  /// The last cell of a sheet that holds anything, in relative form; `StartCell` when none does, empty when a failure
-  /// that the user ignored keeps it unknown.
+  /// The last cell of a sheet that holds anything, in relative form; `StartCell` when none does, "" when it could not
+  /// be found out.
   void GotoLastCell(std::string_view StartCell, std::string_view SheetName, std::string& Address);
   /// Takes the recorded tapes of a quote row into `LinkAddresses`. The settings sheet is read by the first call of a
   /// load only.
@@ -198,12 +202,15 @@ class frmAddRibbon : public Form, protected Routines {
   void SizeClick(std::string_view routineName, const CheckBox& box);
   void FollowSizeBox(const CheckBox& box);
   void MatchSizeHeader();
+  bool WithSize() const;
+  bool HasSizeHeader() const;
   void DisableChoices();
   static void TipOf(Label& label, TextBox& box, std::string_view what);
   bool Chosen(Field field) const;
   std::string ChosenFieldCaption() const;
   std::string ChosenSizeCaption() const;
 
+  std::int32_t LastUsedRow(Steps& step, const excel::Application& excel, std::string_view sheetName);
   QuoteRows FindQuoteRows(Steps& step, const excel::Application& excel);
   static std::shared_ptr<VariantArray> ReadContracts(Steps& step, const excel::Application& excel,
                                                      const QuoteRows& rows);
@@ -217,22 +224,27 @@ class frmAddRibbon : public Form, protected Routines {
   void ShowNoTapes();
   void OfferFields(const std::string& rowAddress);
 
+  std::string CommonArea(std::string_view address1, std::string_view address2) const;
   std::string IntersectThroughExcel(std::string_view address1, std::string_view address2) const;
   std::string LocationFault(const std::string& location);
   void Refuse(Steps& step, const std::string& message, TextBox& box);
 
   excel::Range NewRecord(Steps& step, const excel::Application& excel);
+  void WriteTape(Steps& step, const excel::Worksheet& settings, const excel::Range& record);
   std::string WriteRecord(Steps& step, const excel::Range& record, std::string& rowAddress);
   void RecordInMemory(Steps& step, const std::string& link, const std::string& rowAddress);
   void Remember(std::string_view rowAddress, const TapeRecord& record);
   excel::Range TapeArea(const std::string& sheet, const std::string& address) const;
   static void DrawFrame(Steps& step, const excel::Range& tape);
 
-  static std::string LastUsedCell(Steps& step, const excel::Application& excel, std::string_view startCell);
+  static std::string LastUsedCell(Steps& step, const excel::Worksheet& sheet, std::string_view startCell);
+  static std::string LastFoundCell(Steps& step, const excel::Worksheet& sheet, std::string_view startCell);
   void ReadSettingsSheet(Steps& step);
-  static std::vector<TapeRecord> ReadRecords(Steps& step, const excel::Application& excel, std::int32_t lastRow);
+  void ReadUnreadRecords(Steps& step);
+  static std::optional<std::vector<TapeRecord>> ReadRecords(Steps& step, const excel::Application& excel,
+                                                            std::int32_t lastRow);
   static std::optional<std::vector<Area>> ResolveQuietly(const excel::Application& excel, const std::string& address);
-  std::vector<std::size_t> FollowingPlain(Steps& step, const Area& row);
+  std::vector<std::size_t> FollowingPlain(const Area& row);
   std::vector<std::size_t> FollowingThroughExcel(std::string_view rowAddress);
   void ShowTapes(const cLinkAddresses& tapes);
 
@@ -245,6 +257,8 @@ class frmAddRibbon : public Form, protected Routines {
   std::array<Choice, 7> m_choices;
   // The settings sheet as the load that is under way has read it; nothing before the first row that asks.
   std::optional<TapeIndex> m_recorded;
+  // The settings sheet could not be read: what is in memory does not tell which places are taken.
+  bool m_recordsUnread = false;
 };
 
 }  // namespace pellora

@@ -27,27 +27,31 @@ void frmAddRibbon::ReturnNameSheetAndAddress(std::string& NameSheet, std::string
 std::string frmAddRibbon::myIntersect(std::string_view Sheet1, std::string_view Address1, std::string_view Sheet2,
                                       std::string_view Address2) {
   Push("myIntersect");
-  if (!EqualNoCase(Sheet2, Sheet1)) return {};
-  const auto one = ParseArea(Address1);
-  const auto other = ParseArea(Address2);
-  if (!one || !other) return IntersectThroughExcel(Address1, Address2);
+  std::string common;
+  Quietly([&] {
+    if (EqualNoCase(Sheet2, Sheet1)) common = CommonArea(Address1, Address2);
+  });
+  return common;
+}
+
+std::string frmAddRibbon::CommonArea(std::string_view address1, std::string_view address2) const {
+  const auto one = ParseArea(address1);
+  const auto other = ParseArea(address2);
+  if (!one || !other) return IntersectThroughExcel(address1, address2);
   const auto common = Intersection(*one, *other);
   return common ? AbsoluteAddress(*common) : std::string();
 }
 
 std::string frmAddRibbon::IntersectThroughExcel(std::string_view address1, std::string_view address2) const {
-  std::string common;
-  Quietly([&] {
-    const auto excel = Excel();
-    common = excel.Intersect(excel.Range(address1), excel.Range(address2)).Address();
-  });
-  return common;
+  const auto excel = Excel();
+  return excel.Intersect(excel.Range(address1), excel.Range(address2)).Address();
 }
 
 std::string frmAddRibbon::ColumnAddress(std::string_view Name) {
   return routine<std::string>("ColumnAddress", [&](Steps& step, std::string& address) {
     const auto excel = step([&] { return Excel(); });
-    const auto column = step([&] { return excel.Range(Name).Column(); });
+    const auto field = step([&] { return excel.Range(Name); });
+    const auto column = step([&] { return field.Column(); });
     address = step([&] { return excel.Columns(column).Address(); });
   });
 }
@@ -65,13 +69,7 @@ std::string frmAddRibbon::GivMyLink(std::string& RowAddress) {
 }
 
 std::int16_t frmAddRibbon::ReturnColumnsCount() {
-  return routine<std::int16_t>("ReturnColumnsCount", [&](Steps&, std::int16_t& count) {
-    count = 2;
-    for (const Field field : {AskPrice, BidPrice, LastPrice}) {
-      const CheckBox& size = *m_choices[field].sizeBox;
-      if (Chosen(field) && size.Enabled() && size.Value() == 1) count = 3;
-    }
-  });
+  return routine<std::int16_t>("ReturnColumnsCount", [&](Steps&, std::int16_t& count) { count = WithSize() ? 3 : 2; });
 }
 
 std::string frmAddRibbon::modifyAddress() {
@@ -99,14 +97,16 @@ bool frmAddRibbon::ChechAddressRange(std::string_view Address) {
 }
 
 std::string frmAddRibbon::CheckAddressIntersect(std::string_view Address) {
-  return routine<std::string>("CheckAddressIntersect", [&](Steps&, std::string& hit) {
+  return routine<std::string>("CheckAddressIntersect", [&](Steps& step, std::string& hit) {
+    if (m_recordsUnread) ReadUnreadRecords(step);
     if (!m_linkAddresses) return;
     std::string newSheet, newArea, sheet, area;
     ReturnNameSheetAndAddress(newSheet, newArea, Address);
     for (const auto& group : m_linkAddresses->NewEnum())
       for (const auto& tape : group->NewEnum()) {
         ReturnNameSheetAndAddress(sheet, area, tape->DataRange());
-        if (myIntersect(sheet, area, newSheet, newArea).empty()) continue;
+        // A sheet is the same with and without the apostrophes around its name.
+        if (myIntersect(UnquotedSheet(sheet), area, UnquotedSheet(newSheet), newArea).empty()) continue;
         hit = "'Name'=" + tape->Name() + "  'Data Range'=" + tape->DataRange();
         return;
       }

@@ -64,6 +64,7 @@ void frmAddRibbon::EnableSizeName() {
     TipOf(lblNameSize, txtNameSize, "...");
     txtNameSize.Text("");
     txtNameSize.Enabled(false);
+    // Nothing to do for the panel around them: a control that has changed repaints itself.
   });
 }
 
@@ -93,6 +94,18 @@ void frmAddRibbon::ViewChkName() {
 bool frmAddRibbon::Chosen(Field field) const {
   return m_choices[field].option.Enabled() && m_choices[field].option.Value();
 }
+
+bool frmAddRibbon::WithSize() const {
+  for (const Field field : {AskPrice, BidPrice, LastPrice}) {
+    const CheckBox& size = *m_choices[field].sizeBox;
+    if (Chosen(field) && size.Enabled() && size.Value() == 1) return true;
+  }
+  return false;
+}
+
+// The box can be left enabled by a price whose size the workbook does not carry; a tape of two columns has no room for
+// it, and its text would overwrite the cell beside the tape.
+bool frmAddRibbon::HasSizeHeader() const { return txtNameSize.Enabled() && WithSize(); }
 
 std::string frmAddRibbon::ChosenFieldCaption() const {
   std::string caption;

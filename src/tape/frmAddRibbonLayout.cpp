@@ -58,9 +58,8 @@ void frmAddRibbon::Arrange() {
                       Column({lblNameSize, LayoutNode(txtNameSize).Chars(24)}).Stretch()});
   auto location = Row({LayoutNode(lblAddress).Aligned(Align::Center), LayoutNode(txtAddress).Chars(30).Stretch(),
                        LayoutNode(ButGetAddress).MinWidth(28)});
-  auto tape = Column(
-      {std::move(headers), lblRibbon, LayoutNode(VSFChart).Lines(5).MinWidth(600).Stretch(), std::move(location)});
-  auto instruments = Column({lblPortfolio, LayoutNode(VSFExcel).Lines(8).MinWidth(580).Stretch()});
+  auto tape = Column({std::move(headers), lblRibbon, LayoutNode(VSFChart).Lines(5).Stretch(), std::move(location)});
+  auto instruments = Column({lblPortfolio, LayoutNode(VSFExcel).Lines(8).Stretch()});
   Layout(Column({Row({std::move(instruments).Stretch(), std::move(fields)}).Stretch(3),
                  Group(C1ERibbon, std::move(tape)).Stretch(2),
                  Row({Space(0).Stretch(), SameWidth({ButInsert, ButInsertNew, ButCancel})})}));

@@ -45,6 +45,7 @@ bool frmAddRibbon::CheckAddres(std::string_view Name) {
 void frmAddRibbon::LoadTable() {
   routine("LoadTable", [&](Steps& step) {
     m_recorded.reset();
+    m_recordsUnread = false;
     const auto excel = step([&] { return Excel(); });
     // What could not be asked is taken as on: a screen left frozen would be worse.
     bool screenUpdating = true;
@@ -73,12 +74,17 @@ void frmAddRibbon::RestoreView(Steps& step, const excel::Application& excel, con
 
 frmAddRibbon::QuoteRows frmAddRibbon::FindQuoteRows(Steps& step, const excel::Application& excel) {
   QuoteRows rows;
-  std::string lastCell;
-  GotoLastCell("A1", kQuoteSheet, lastCell);
-  rows.last = step([&] { return RowOf(excel, lastCell); });
+  rows.last = LastUsedRow(step, excel, kQuoteSheet);
   rows.firstAddress = step([&] { return excel.Range(kSymbolColumn).Cells(2, 1).Address(); });
   rows.first = step([&] { return RowOf(excel, rows.firstAddress); });
   return rows;
+}
+
+// 0 when it could not be found out: the failure has been reported and answered then, and is not reported again.
+std::int32_t frmAddRibbon::LastUsedRow(Steps& step, const excel::Application& excel, std::string_view sheetName) {
+  std::string lastCell;
+  GotoLastCell("A1", sheetName, lastCell);
+  return lastCell.empty() ? 0 : step([&] { return RowOf(excel, lastCell); });
 }
 
 std::int32_t frmAddRibbon::RowOf(const excel::Application& excel, const std::string& address) {
@@ -90,7 +96,8 @@ std::shared_ptr<VariantArray> frmAddRibbon::ReadContracts(Steps& step, const exc
                                                           const QuoteRows& rows) {
   const auto lastAddress =
       step([&] { return excel.Range(kSymbolColumn).Cells(rows.last - rows.first + 2, kContractColumns).Address(); });
-  return step([&] { return excel.Range(lastAddress + ":" + rows.firstAddress).ValueBlock(); });
+  const auto block = step([&] { return excel.Range(lastAddress + ":" + rows.firstAddress); });
+  return step([&] { return block.ValueBlock(); });
 }
 
 void frmAddRibbon::ListNothing() {

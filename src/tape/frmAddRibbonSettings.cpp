@@ -2,10 +2,9 @@
 
 #include "core/Convert.h"
 #include "core/Text.h"
-#include "support/CErrorHandler.h"
 #include "support/Quietly.h"
-#include "support/mGlobal.h"
 #include "tape/FrozenGrid.h"
+#include "tape/RowData.h"
 #include "tape/SettingsSheet.h"
 #include "tape/SheetAddress.h"
 #include "tape/frmAddRibbon.h"
@@ -25,19 +24,28 @@ void frmAddRibbon::GotoLastCell(std::string_view StartCell, std::string_view She
   routine("GotoLastCell", [&](Steps& step) {
     const auto excel = step([&] { return Excel(); });
     const auto active = step([&] { return excel.ActiveSheet().Name(); });
-    step([&] { excel.Worksheets(SheetName).Select(); });
-    Address = LastUsedCell(step, excel, StartCell);
+    excel::Worksheet sheet;
+    step([&] {
+      sheet = excel.Worksheets(SheetName);
+      sheet.Select();
+    });
+    // Asked of the sheet itself, so that the answer is about it also where selecting it was passed over.
+    Address = sheet ? LastUsedCell(step, sheet, StartCell) : std::string();
     step([&] { excel.Worksheets(active).Select(); });
   });
 }
 
-std::string frmAddRibbon::LastUsedCell(Steps& step, const excel::Application& excel, std::string_view startCell) {
+std::string frmAddRibbon::LastUsedCell(Steps& step, const excel::Worksheet& sheet, std::string_view startCell) {
   // A sheet without a last cell is no failure; should more be wrong, the search below tells.
   excel::Range last;
-  Quietly([&] { last = excel.Range(startCell).SpecialCells(excel::xlCellTypeLastCell); });
+  Quietly([&] { last = sheet.Range(startCell).SpecialCells(excel::xlCellTypeLastCell); });
   if (last && !IsBlank(step([&] { return last.Value(); }))) return step([&] { return last.Address(false); });
   // The used area can reach beyond what the sheet holds: formats, and cells that were cleared.
-  const auto cells = step([&] { return excel.ActiveSheet().Cells(); });
+  return LastFoundCell(step, sheet, startCell);
+}
+
+std::string frmAddRibbon::LastFoundCell(Steps& step, const excel::Worksheet& sheet, std::string_view startCell) {
+  const auto cells = step([&] { return sheet.Cells(); });
   // Nothing found and not searched are two things: the one is an empty sheet, of the other nothing is known.
   const auto lowest = step([&] { return std::optional(cells.FindPrevious("*", excel::xlByRows)); });
   const auto rightmost = step([&] { return std::optional(cells.FindPrevious("*", excel::xlByColumns)); });
@@ -45,7 +53,7 @@ std::string frmAddRibbon::LastUsedCell(Steps& step, const excel::Application& ex
   if (!*lowest || !*rightmost) return std::string(startCell);
   const auto row = step([&] { return lowest->Row(); });
   const auto column = step([&] { return rightmost->Column(); });
-  return RelativeAddress({row, column, row, column});
+  return row < 1 || column < 1 ? std::string() : RelativeAddress({row, column, row, column});
 }
 
 // ---- Reading recorded tapes ----
@@ -55,7 +63,7 @@ void frmAddRibbon::LoadFGChart(std::string_view RowAddress) {
     if (!m_linkAddresses) m_linkAddresses = std::make_shared<cLinkAddresseses>();
     if (!m_recorded) ReadSettingsSheet(step);
     const auto row = ParseArea(RowAddress);
-    const auto tapes = row ? FollowingPlain(step, *row) : FollowingThroughExcel(RowAddress);
+    const auto tapes = row ? FollowingPlain(*row) : FollowingThroughExcel(RowAddress);
     for (const auto tape : tapes) step([&] { Remember(RowAddress, m_recorded->Records()[tape]); });
   });
 }
@@ -63,33 +71,48 @@ void frmAddRibbon::LoadFGChart(std::string_view RowAddress) {
 void frmAddRibbon::ReadSettingsSheet(Steps& step) {
   // Whatever becomes of this reading, the load's other rows do not try again: one report is enough.
   m_recorded.emplace();
+  m_recordsUnread = true;
   const auto excel = step([&] { return Excel(); });
   bool screenUpdating = true;
   step([&] { screenUpdating = excel.ScreenUpdating(); });
   const auto active = step([&] { return excel.ActiveSheet().Name(); });
-  std::string lastCell;
-  GotoLastCell("A1", kSettingsSheet, lastCell);
-  bool selected = false;
-  step([&] {
-    excel.Worksheets(kSettingsSheet).Select();
-    selected = true;
-  });
-  if (selected) {
-    auto records = ReadRecords(step, excel, step([&] { return RowOf(excel, lastCell); }));
-    m_recorded.emplace(std::move(records), [&](const std::string& address) { return ResolveQuietly(excel, address); });
+  const auto lastRow = LastUsedRow(step, excel, kSettingsSheet);
+  step([&] { excel.Worksheets(kSettingsSheet).Select(); });
+  if (auto records = ReadRecords(step, excel, lastRow)) {
+    m_recorded.emplace(std::move(*records), [&](const std::string& address) { return ResolveQuietly(excel, address); });
+    m_recordsUnread = false;
   }
   RestoreView(step, excel, active, screenUpdating);
 }
 
-std::vector<TapeRecord> frmAddRibbon::ReadRecords(Steps& step, const excel::Application& excel, std::int32_t lastRow) {
+// The same reading once more, for the rows that have tapes: the complete ones.
+void frmAddRibbon::ReadUnreadRecords(Steps& step) {
+  const auto excel = step([&] { return Excel(); });
+  bool screenUpdating = true;
+  step([&] { screenUpdating = excel.ScreenUpdating(); });
+  step([&] { excel.ScreenUpdating(false); });
+  const auto active = step([&] { return excel.ActiveSheet().Name(); });
+  m_recorded.reset();
+  for (int i = 1; i < VSFExcel.Rows(); ++i) {
+    const auto data = ParseRowData(step([&] { return VSFExcel.RowData(i); }));
+    if (data && data->complete) LoadFGChart(data->address);
+  }
+  m_recorded.reset();
+  RestoreView(step, excel, active, screenUpdating);
+}
+
+// Nothing when the table could not be read, or not to its end.
+std::optional<std::vector<TapeRecord>> frmAddRibbon::ReadRecords(Steps& step, const excel::Application& excel,
+                                                                 std::int32_t lastRow) {
+  if (lastRow < 1) return std::nullopt;
   const auto first = step([&] { return excel.Range(kRecordTable).Cells(2, 1); });
   const auto firstRow = first ? step([&] { return first.Row(); }) : 0;
-  if (firstRow < 1) return {};
+  if (firstRow < 1) return std::nullopt;
   // An empty table is read too, as its first row: reading costs the same whatever is recorded.
   const auto count = std::max(1, lastRow - firstRow + 1);
   const auto values = step([&] { return first.Resize(count, 4).ValueBlock(); });
   const auto links = step([&] { return first.Cells(1, 2).Resize(count, 1).FormulaLocalBlock(); });
-  if (!values || !links) return {};
+  if (!values || !links) return std::nullopt;
   std::vector<TapeRecord> records;
   for (std::size_t i = 0; i < values->Rows() && i < links->Rows(); ++i) {
     TapeRecord& record = records.emplace_back();
@@ -110,10 +133,8 @@ std::optional<std::vector<Area>> frmAddRibbon::ResolveQuietly(const excel::Appli
 }
 
 // Each record is compared with the row, in effect, and each comparison leaves its entry as `myIntersect` does.
-std::vector<std::size_t> frmAddRibbon::FollowingPlain(Steps& step, const Area& row) {
-  const auto comparisons = m_recorded->Records().size();
-  if (mGlobal::ErrorHandler && comparisons > 0)
-    step([&] { mGlobal::ErrorHandler->CallStackPush(QualifiedName("myIntersect"), "", comparisons); });
+std::vector<std::size_t> frmAddRibbon::FollowingPlain(const Area& row) {
+  Push("myIntersect", m_recorded->Records().size());
   return m_recorded->Following(row);
 }
 
@@ -121,10 +142,11 @@ std::vector<std::size_t> frmAddRibbon::FollowingThroughExcel(std::string_view ro
   std::vector<std::size_t> found;
   std::string rowSheet, row, sheet, cell;
   ReturnNameSheetAndAddress(rowSheet, row, rowAddress);
+  const auto plain = [](const std::string& name) { return UnquotedSheet(Replace(name, "=", "")); };
   const auto& records = m_recorded->Records();
   for (std::size_t i = 0; i < records.size(); ++i) {
     ReturnNameSheetAndAddress(sheet, cell, records[i].link);
-    if (!myIntersect(Replace(sheet, "=", ""), cell, Replace(rowSheet, "=", ""), row).empty()) found.push_back(i);
+    if (!myIntersect(plain(sheet), cell, plain(rowSheet), row).empty()) found.push_back(i);
   }
   return found;
 }

@@ -1,3 +1,4 @@
+#include "core/Error.h"
 #include "tape/SettingsSheet.h"
 #include "tape/SheetAddress.h"
 #include "tape/TypedText.h"
@@ -24,34 +25,42 @@ void frmAddRibbon::AddSymbolToSheet() {
     const auto active = step([&] { return excel.ActiveSheet().Name(); });
     const auto settings = step([&] { return excel.Worksheets(kSettingsSheet); });
     step([&] { settings.Select(); });
-    const auto record = NewRecord(step, excel);
-    std::string rowAddress;
-    const auto link = WriteRecord(step, record, rowAddress);
-    RecordInMemory(step, link, rowAddress);
-    step([&] { settings.Range("A:D").EntireColumn().AutoFit(); });
-    step([&] { settings.Range("A1").Select(); });
-    ColorSelectRange();
+    // Without a place for the record nothing is written, the tape's area neither: a tape that is not recorded would
+    // be overwritten by the next one, and a guessed place could hold another record or the table's header.
+    if (const auto record = NewRecord(step, excel)) WriteTape(step, settings, record);
     RestoreView(step, excel, active, screenUpdating);
   });
 }
 
-// The first row below everything the settings sheet holds, in the record table's first column.
+void frmAddRibbon::WriteTape(Steps& step, const excel::Worksheet& settings, const excel::Range& record) {
+  std::string rowAddress;
+  const auto link = WriteRecord(step, record, rowAddress);
+  RecordInMemory(step, link, rowAddress);
+  step([&] { settings.Range("A:D").EntireColumn().AutoFit(); });
+  step([&] { settings.Range("A1").Select(); });
+  ColorSelectRange();
+}
+
+// The first row below everything the settings sheet holds, in the record table's first column; nothing when it could
+// not be found out, which has been reported and answered then.
 excel::Range frmAddRibbon::NewRecord(Steps& step, const excel::Application& excel) {
   const auto table = step([&] { return excel.Range(kRecordTable); });
   const auto firstRow = step([&] { return table.Cells(2, 1).Row(); });
-  std::string lastCell;
-  GotoLastCell("A1", kSettingsSheet, lastCell);
-  const auto lastRow = step([&] { return RowOf(excel, lastCell); });
-  // Without knowing where the records begin and end, nothing is written: it could be over one of them.
+  const auto lastRow = LastUsedRow(step, excel, kSettingsSheet);
   if (firstRow < 1 || lastRow < 1) return {};
-  return step([&] { return table.Cells(lastRow - firstRow + 3, 1); });
+  const auto row = lastRow - firstRow + 3;
+  return step([&] {
+    // The table's header stands below everything the sheet holds: an empty header would be written over.
+    if (row < 2) throw Error(errors::ApplicationDefined);
+    return table.Cells(row, 1);
+  });
 }
 
 std::string frmAddRibbon::WriteRecord(Steps& step, const excel::Range& record, std::string& rowAddress) {
   step([&] { record.Cells(1, 1).Value(AsTypedText(txtName.Text())); });
   const auto link = GivMyLink(rowAddress);
   if (!link.empty()) step([&] { record.Cells(1, 2).FormulaLocal(LinkFormula(link)); });
-  if (txtNameSize.Enabled()) step([&] { record.Cells(1, 3).Value(AsTypedText(txtNameSize.Text())); });
+  if (HasSizeHeader()) step([&] { record.Cells(1, 3).Value(AsTypedText(txtNameSize.Text())); });
   step([&] { record.Cells(1, 4).Value(AsTypedText(txtAddress.Text())); });
   const auto row = step([&] { return record.Row(); });
   if (row % 2 == 0) step([&] { record.Resize(1, 4).Interior().ColorIndex(kRecordShade); });
@@ -60,7 +69,7 @@ std::string frmAddRibbon::WriteRecord(Steps& step, const excel::Range& record, s
 
 void frmAddRibbon::RecordInMemory(Steps& step, const std::string& link, const std::string& rowAddress) {
   if (txtName.Text().empty() || txtAddress.Text().empty() || link.empty() || rowAddress.empty()) return;
-  const auto size = txtNameSize.Enabled() ? txtNameSize.Text() : std::string();
+  const auto size = HasSizeHeader() ? txtNameSize.Text() : std::string();
   step([&] { Remember(rowAddress, {txtName.Text(), LinkFormula(link), size, txtAddress.Text()}); });
 }
 
@@ -80,7 +89,7 @@ void frmAddRibbon::ColorSelectRange() {
     const auto area = step([&] { return TapeArea(sheet, address); });
     step([&] { area.Cells(1, 1).Value("Local Time"); });
     step([&] { area.Cells(1, 2).Value(AsTypedText(txtName.Text())); });
-    if (txtNameSize.Enabled()) step([&] { area.Cells(1, 3).Value(AsTypedText(txtNameSize.Text())); });
+    if (HasSizeHeader()) step([&] { area.Cells(1, 3).Value(AsTypedText(txtNameSize.Text())); });
     const auto rows = step([&] { return area.Rows().Count(); });
     const auto columns = step([&] { return area.Columns().Count(); });
     const auto tape = step([&] { return area.Cells(1, 1).Resize(rows, columns); });

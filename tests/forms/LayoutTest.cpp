@@ -9,6 +9,7 @@
 #include "forms/Grid.h"
 #include "forms/Label.h"
 #include "forms/ListBox.h"
+#include "forms/NaturalSize.h"
 #include "forms/OptionButton.h"
 #include "forms/Pages.h"
 #include "forms/TextBox.h"
@@ -78,6 +79,14 @@ TEST_F(LayoutTest, ATextBoxOfSeveralLinesIsAsHighAsItsLines) {
 TEST_F(LayoutTest, AComboLeavesRoomForItsArrowBesideItsCharacters) {
   ComboBox combo(form, "ComOne", ComboStyle::DropDown);
   EXPECT_EQ(Measure(LayoutNode(combo).Chars(10)).width - Measure(LayoutNode(text).Chars(10)).width, 17);
+}
+
+TEST_F(LayoutTest, AGridsColumnIsAtLeastAsWideAsItsHeader) {
+  Grid narrow(form, "VSFOne", {{"Primary Exchange", 20}, {"P/C", 40}});
+  Grid wide(form, "VSFTwo", {{"Primary Exchange", 110}, {"P/C", 40}});
+  EXPECT_GE(NaturalColumnWidth(narrow, 0, measurer), 16 * 6 + 12);
+  EXPECT_EQ(NaturalColumnWidth(narrow, 1, measurer), 40);
+  EXPECT_EQ(Measure(narrow).width, Measure(wide).width);
 }
 
 TEST_F(LayoutTest, AGridIsAsWideAsItsColumnsAndItsScrollBar) {

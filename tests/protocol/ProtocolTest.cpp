@@ -81,7 +81,7 @@ constexpr Exception kQuiet[] = {
     {"Pellora.frmAddRibbon.myIntersect", "Application.Range", kIntersect},
     {"Pellora.frmAddRibbon.myIntersect", "Application.Intersect", kIntersect},
     {"Pellora.frmAddRibbon.myIntersect", "Range.Address", kIntersect},
-    {"Pellora.frmAddRibbon.GotoLastCell", "Application.Range", kLastCell},
+    {"Pellora.frmAddRibbon.GotoLastCell", "Worksheet.Range", kLastCell},
     {"Pellora.frmAddRibbon.GotoLastCell", "Range.SpecialCells", kLastCell},
     {"Pellora.frmAddRibbon.LoadFGChart", "Application.Range", kResolve},
     {"Pellora.frmAddRibbon.LoadFGChart", "Application.ActiveSheet", kResolve},
@@ -100,6 +100,7 @@ constexpr Exception kWhole[] = {
 constexpr std::string_view kQuoteSheetShown = "what is read next stands on another sheet, which holds no instruments";
 constexpr std::string_view kNoBlock = "without the contracts there are none to list";
 constexpr std::string_view kNoSize = "an area of unknown size counts as too small, which the user is told";
+constexpr std::string_view kNoPlace = "where the last used cell is not known nothing is listed or written";
 
 /// Reads, and a choice of sheet, whose result decides what is done next.
 constexpr Exception kDecides[] = {
@@ -110,6 +111,13 @@ constexpr Exception kDecides[] = {
     {"Pellora.frmAddRibbon.ChechAddressRange", "Range.Columns", kNoSize},
     {"Pellora.frmAddRibbon.ChechAddressRange", "Range.Rows", kNoSize},
     {"Pellora.frmAddRibbon.ChechAddressRange", "Range.Count", kNoSize},
+    {"Pellora.frmAddRibbon.GotoLastCell", "Application.Worksheets", kNoPlace},
+    {"Pellora.frmAddRibbon.GotoLastCell", "Range.Address", kNoPlace},
+    {"Pellora.frmAddRibbon.GotoLastCell", "Range.Find", kNoPlace},
+    {"Pellora.frmAddRibbon.GotoLastCell", "Range.Row", kNoPlace},
+    {"Pellora.frmAddRibbon.GotoLastCell", "Range.Column", kNoPlace},
+    {"Pellora.frmAddRibbon.AddSymbolToSheet", "Range.Cells", kNoPlace},
+    {"Pellora.frmAddRibbon.AddSymbolToSheet", "Range.Row", kNoPlace},
     // The overlap test has left its entry here, and the caller goes by the name of the routine that asked for it.
     {"Pellora.frmAddRibbon.GivMyLink", "Range.Row", "a record in a row of unknown number is shaded as in an even one"},
 };

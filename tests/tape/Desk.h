@@ -6,8 +6,12 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "Picture.h"
+#include "Witness.h"
 #include "WorkbookBuilder.h"
+#include "core/Text.h"
 #include "excel/Door.h"
 #include "platform/headless/Headless.h"
 #include "support/CErrorHandler.h"
@@ -49,6 +53,7 @@ class OpenRibbon : public frmAddRibbon {
   using frmAddRibbon::ViewChkName;
   using frmAddRibbon::ViewFGChart;
   using frmAddRibbon::ViewToTable;
+  using frmAddRibbon::VSFExcel_AfterSelChange;
 };
 
 /// A desk with an embedded workbook, the shared services and the dialog, not loaded yet. Whoever leaves it checks that
@@ -101,6 +106,26 @@ class Desk : public ::testing::Test, public TapeOwner {
     return host.document().Formula(sheet, address);
   }
 
+  /// From now on the witness stands between the dialog and the spreadsheet.
+  void Watch() {
+    witness.Forget();
+    application = witness.Wrap(host.Application());
+  }
+
+  /// The routines that `act` enters, in order, each by its own name.
+  std::vector<std::string> Entered(const std::function<void()>& act) {
+    constexpr std::string_view mark = "Entered routine: Pellora.frmAddRibbon.";
+    auto& log = platform.logFiles.files["Tracing Log.txt"];
+    log.clear();
+    Handler().TracingEnabled(true);
+    act();
+    Handler().TracingEnabled(false);
+    std::vector<std::string> names;
+    for (const auto& line : Split(log, "\r\n"))
+      if (const auto at = line.find(mark); at != std::string::npos) names.push_back(line.substr(at + mark.size()));
+    return names;
+  }
+
   /// The routines that error dialogs named, in order.
   std::vector<std::string> ReportedRoutines() {
     std::vector<std::string> names;
@@ -116,6 +141,7 @@ class Desk : public ::testing::Test, public TapeOwner {
 
   headless::HeadlessPlatform platform;
   workbook::Host host;
+  Witness witness;
   DispatchPtr application = host.Application();
   std::unique_ptr<OpenRibbon> dialog;
 };

@@ -1,29 +1,7 @@
-#include <sstream>
-
 #include "Desk.h"
 
 namespace pellora::test {
 namespace {
-
-/// Everything a workbook shows, as one text.
-std::string Picture(workbook::Host& host) {
-  std::ostringstream out;
-  auto& document = host.document();
-  for (const auto& sheet : document.sheets) {
-    out << "[" << sheet->name << "]\n";
-    for (const auto& [place, cell] : sheet->cells) {
-      out << place.row << "," << place.column << "=" << cell.formula << "|";
-      if (cell.value.Is(Variant::Type::String)) out << cell.value.String();
-      for (const auto& line : cell.format.borders)
-        out << " " << line.style << "/" << line.weight << "/" << line.colorIndex;
-      out << " " << cell.format.interior << "\n";
-    }
-    for (const auto& [column, width] : sheet->columnWidths) out << column << ":" << width << "\n";
-  }
-  out << "active " << document.sheets[document.active]->name << "\n";
-  out << "updating " << host.Application()->Invoke("ScreenUpdating", CallKind::Get, {}).Boolean();
-  return out.str();
-}
 
 /// A load and an insert while one call to the spreadsheet fails.
 class Failing : public Desk {
@@ -35,15 +13,13 @@ class Failing : public Desk {
     bool reported = false;
   };
 
-  /// Fails the `nth` call (0: none), answered by `button`; once only, or for good.
+  /// Fails the `nth` call (0: none), answered by `button`; once only, or for good. Then looks at what is left, which
+  /// must be as good as new.
   Outcome Run(std::uint64_t nth, std::string_view button, bool once = true) {
     workbook::Host other;
-    WorkbookBuilder(other).Instruments(3).Tapes(2);
-    mGlobal::ErrorHandler->CallStackClear();
-    application = other.Application();
-    NewDialog();
+    Prepare(other);
+    const auto before = Untouchable(other);
     bool failed = false;
-    other.ResetCalls();
     other.fail = [&](std::string_view, CallKind, std::uint64_t call) {
       if (nth == 0 || call < nth || (once && failed)) return 0;
       failed = true;
@@ -55,8 +31,47 @@ class Failing : public Desk {
     dialog->txtAddress.Text("Sheet1!H30:I39");
     dialog->AddSymbolToSheet();
     other.fail = {};
+    const Outcome outcome{Picture(other), other.CallCount(), platform.user().ErrorTexts().size() > reports};
+    EXPECT_EQ(Untouchable(other), before) << "call " << nth;
+    ExpectUsable(other, nth);
     application = host.Application();
-    return {Picture(other), other.CallCount(), platform.user().ErrorTexts().size() > reports};
+    return outcome;
+  }
+
+  void Prepare(workbook::Host& other, int tapes = 2) {
+    WorkbookBuilder(other).Instruments(3).Tapes(tapes);
+    Handler().CallStackClear();
+    application = other.Application();
+    NewDialog();
+    other.ResetCalls();
+  }
+
+  /// What no failure may change: the quotes, the table's header, the records and tapes that are there.
+  static std::string Untouchable(workbook::Host& other) {
+    std::string text;
+    const excel::Application excel(other.Application());
+    for (const auto& [sheet, cells] :
+         {std::pair("TWS_Quotes", "A1:T9"), {"Ticker_tape_settings", "A1:E3"}, {"Sheet1", "A1:G29"}}) {
+      const auto block = excel.Worksheets(sheet).Range(cells).FormulaLocalBlock();
+      for (std::size_t i = 0; i < block->Rows(); ++i)
+        for (std::size_t j = 0; j < block->Columns(); ++j) text += ToText(block->At(i, j)) + "|";
+    }
+    return text;
+  }
+
+  /// Nothing fails any more: the same dialog lists the instruments, knows the tapes, and inserts another one.
+  void ExpectUsable(workbook::Host& other, std::uint64_t nth) {
+    const auto reports = platform.user().ErrorTexts().size();
+    EXPECT_FALSE(dialog->Shown());
+    dialog->OpredTotalOpt();
+    dialog->LoadTable();
+    ASSERT_EQ(dialog->VSFExcel.Rows(), 4) << "call " << nth;
+    dialog->VSFExcel.Row(2);
+    EXPECT_EQ(dialog->CheckAddressIntersect("Sheet1!A6:B9"), "'Name'=N1  'Data Range'=Sheet1!A6:B9");
+    dialog->txtAddress.Text("Sheet1!K30:L39");
+    EXPECT_TRUE(dialog->CheckField()) << "call " << nth;
+    EXPECT_EQ(other.document().Value("Sheet1", "K30"), Variant("Local Time")) << "call " << nth;
+    EXPECT_EQ(platform.user().ErrorTexts().size(), reports) << "call " << nth;
   }
 };
 
@@ -80,10 +95,9 @@ TEST_F(Failing, IgnoringAnyCallDoesNotLeaveTheScreenFrozenUnlessSwitchingItBackW
   EXPECT_EQ(frozen, 2) << "the last calls of loading and of inserting";
 }
 
-TEST_F(Failing, AbortingAtAnyCallLeavesNoCrashAndNoDialogBehind) {
+TEST_F(Failing, AbortingAtAnyCallTouchesNothingThatWasThereAndLeavesTheDialogUsable) {
   const auto calls = Run(0, "btnAbort").calls;
   for (std::uint64_t nth = 1; nth <= calls; ++nth) Run(nth, "btnAbort");
-  EXPECT_FALSE(dialog->Shown());
 }
 
 TEST_F(Failing, ASpreadsheetThatFailsForGoodIsSurvivedWithAbortAndWithIgnore) {
@@ -92,7 +106,25 @@ TEST_F(Failing, ASpreadsheetThatFailsForGoodIsSurvivedWithAbortAndWithIgnore) {
     Run(nth, "btnAbort", false);
     Run(nth, "btnIgnore", false);
   }
-  EXPECT_FALSE(dialog->Shown());
+}
+
+TEST_F(Failing, AbortingAtAnyCallLeavesTheCallStackEmpty) {
+  // Without tapes and without a field nothing is intersected, and no entry stays by intention.
+  std::uint64_t calls = 1;
+  for (std::uint64_t nth = 0; nth <= calls; ++nth) {
+    workbook::Host other;
+    Prepare(other, 0);
+    other.fail = [&](std::string_view, CallKind, std::uint64_t call) { return nth != 0 && call == nth ? 1004 : 0; };
+    platform.user().AnswerErrorDialogs("btnAbort");
+    dialog->Load();
+    dialog->OptLastPrice.Value(false);
+    dialog->txtAddress.Text("Sheet1!H30:I39");
+    dialog->AddSymbolToSheet();
+    if (nth == 0) calls = other.CallCount();
+    EXPECT_EQ(Handler().CallStackDepth(), 0u) << "call " << nth;
+    application = host.Application();
+  }
+  EXPECT_GT(platform.user().ErrorTexts().size(), 50u);
 }
 
 }  // namespace

@@ -215,5 +215,23 @@ TEST_F(FieldChoice, EnableGroupSwitchesItsSevenControlsTogether) {
   }
 }
 
+TEST_F(FieldChoice, TickingASizeShowsItsCaptionInTheTipOfTheSizeHeader) {
+  Start();
+  struct {
+    OptionButton& option;
+    CheckBox& size;
+    std::string_view tip;
+  } const table[] = {{dialog->OptLastPrice, dialog->chkLastSize, "Tape header for last size"},
+                     {dialog->OptAskPrice, dialog->chkAskSize, "Tape header for ask size"},
+                     {dialog->OptBidPrice, dialog->chkBidSize, "Tape header for bid size"}};
+  for (const auto& [option, size, tip] : table) {
+    option.Value(true);
+    dialog->txtNameSize.ToolTip("");
+    size.Value(1);
+    EXPECT_EQ(dialog->txtNameSize.ToolTip(), tip);
+    EXPECT_EQ(dialog->lblNameSize.Caption(), tip);
+  }
+}
+
 }  // namespace
 }  // namespace pellora::test

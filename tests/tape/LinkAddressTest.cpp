@@ -100,5 +100,56 @@ TEST(cLinkAddresseses, GroupsRememberTheirKeyInTheLetterCaseFirstUsed) {
   EXPECT_EQ(groups.Count(), 1);
 }
 
+TEST(cLinkAddresseses, ItemWithAKeyNeverAddedFailsWhileItemADDMakesTheMember) {
+  cLinkAddresseses groups;
+  EXPECT_EQ(NumberOf([&] { groups.Item("x"); }), 5);
+  const auto group = groups.ItemADD("x");
+  EXPECT_EQ(groups.Item("X"), group);
+}
+
+TEST(cLinkAddresseses, CountIsZeroThenTwoAndItemOneIsTheFirstAdded) {
+  cLinkAddresseses groups;
+  EXPECT_EQ(groups.Count(), 0);
+  const auto first = groups.ItemADD("b");
+  groups.ItemADD("a");
+  EXPECT_EQ(groups.Count(), 2);
+  EXPECT_EQ(groups.Item(std::int32_t{1}), first);
+}
+
+TEST(cLinkAddresseses, AnIndexOutsideFails) {
+  cLinkAddresseses groups;
+  groups.ItemADD("a");
+  EXPECT_EQ(NumberOf([&] { groups.Item(std::int32_t{0}); }), 9);
+  EXPECT_EQ(NumberOf([&] { groups.Item(std::int32_t{2}); }), 9);
+}
+
+TEST(cLinkAddresseses, AddHandsTheGroupBackUnchanged) {
+  cLinkAddresseses groups;
+  const auto group = std::make_shared<cLinkAddresses>();
+  group->GroupKey("own");
+  EXPECT_EQ(groups.Add(group, "Key"), group);
+  EXPECT_EQ(group->GroupKey(), "own");
+  EXPECT_EQ(groups.Item("kEY"), group);
+  EXPECT_EQ(NumberOf([&] { groups.Add(group, "KEY"); }), 457);
+}
+
+TEST(cLinkAddresseses, RemoveByIndexOrKeyKeepsTheOthersInReach) {
+  cLinkAddresseses groups;
+  for (const auto key : {"a", "b", "c"}) groups.ItemADD(key);
+  groups.Remove(std::int32_t{1});
+  groups.Remove("C");
+  ASSERT_EQ(groups.Count(), 1);
+  EXPECT_EQ(groups.Item("b")->GroupKey(), "b");
+  EXPECT_EQ(NumberOf([&] { groups.Remove("a"); }), 5);
+}
+
+TEST(cLinkAddresseses, GroupsAreWalkedInTheOrderOfAdding) {
+  cLinkAddresseses groups;
+  for (const auto key : {"z", "a", "m"}) groups.ItemADD(key);
+  std::string walked;
+  for (const auto& group : groups.NewEnum()) walked += group->GroupKey();
+  EXPECT_EQ(walked, "zam");
+}
+
 }  // namespace
 }  // namespace pellora

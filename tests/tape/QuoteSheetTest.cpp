@@ -223,14 +223,23 @@ TEST_F(OpredTotalOpt, CountsTheFieldsOfTheWorkbook) {
 }
 
 TEST_F(OpredTotalOpt, AsksForTheTenNamesInOrder) {
-  std::vector<std::string> failed;
-  Workbook({});
-  host.fail = [&](std::string_view member, CallKind, std::uint64_t) {
-    if (member == "Application.Range") failed.emplace_back(member);
-    return 0;
-  };
+  Workbook();
+  Watch();
   dialog->OpredTotalOpt();
-  EXPECT_EQ(failed.size(), 10u);
+  std::vector<std::string> expected;
+  for (const auto name : {"TWS_Bid_Price", "TWS_Bid_Size", "TWS_Ask_Price", "TWS_Ask_Size", "TWS_Last_Price",
+                          "TWS_Last_Size", "TWS_High", "TWS_Low", "TWS_Volume", "TWS_Close"}) {
+    expected.push_back("Range(" + std::string(name) + ")");
+    expected.push_back("Range(" + std::string(name) + ").Address()");
+  }
+  EXPECT_EQ(witness.Calls(), expected);
+  EXPECT_EQ(dialog->DataBeginning, 10);
+}
+
+TEST_F(OpredTotalOpt, AWorkbookWithoutFieldsHasNone) {
+  Workbook({});
+  dialog->DataBeginning = 7;
+  dialog->OpredTotalOpt();
   EXPECT_EQ(dialog->DataBeginning, 0);
 }
 
@@ -304,6 +313,95 @@ TEST_F(ViewToTable, ARowWithoutRowDataIsDisabled) {
   dialog->VSFExcel.Row(1);
   dialog->ViewToTable();
   EXPECT_FALSE(dialog->ButInsert.Enabled());
+}
+
+TEST_F(LoadTable, CompleteContentBelowTheTableIsListedAsComplete) {
+  Workbook().Instrument(Stock("IBM"));
+  for (const auto cell : {"A6", "B6", "G6", "I6"}) host.document().Set("TWS_Quotes", cell, "x");
+  dialog->Load();
+  ASSERT_EQ(dialog->VSFExcel.Rows(), 6);
+  EXPECT_EQ(dialog->VSFExcel.RowData(5), "1\r\n$A$6:$S$6");
+  EXPECT_EQ(dialog->VSFExcel.RowData(4).front(), '0');
+}
+
+TEST_F(LoadTable, RetryingTheValuesOfTheContractsDoesNotAskForTheirPlaceAgain) {
+  Workbook().Instruments(2);
+  Watch();
+  witness.Fail("Range($I$3:$A$2).Value()", 1);
+  platform.user().ExpectErrorDialog("btnRetry");
+  dialog->LoadTable();
+  EXPECT_EQ(witness.Calls("Range($I$3:$A$2)").size(), 1u);
+  EXPECT_EQ(dialog->VSFExcel.Rows(), 3);
+}
+
+TEST_F(LoadTable, SelectsTheQuoteSheetThenTheSettingsSheetAndAtTheEndTheSheetThatWasActive) {
+  Workbook().Instruments(2).Tapes(1);
+  Watch();
+  dialog->LoadTable();
+  EXPECT_EQ(witness.Calls("Select()"),
+            (std::vector<std::string>{"Worksheets(TWS_Quotes).Select()", "Worksheets(TWS_Quotes).Select()",
+                                      "Worksheets(TWS_Quotes).Select()", "Worksheets(Ticker_tape_settings).Select()",
+                                      "Worksheets(TWS_Quotes).Select()", "Worksheets(Ticker_tape_settings).Select()",
+                                      "ActiveWorkbook().Worksheets(TWS_Quotes).Select()",
+                                      "ActiveWorkbook().Worksheets(Sheet1).Select()"}));
+}
+
+TEST_F(AfterSelChange, ARowWithEmptyRowDataChangesNoChoiceAndNoPreviewAndOnlyShowsItsTicker) {
+  Workbook().Instruments(2).Tapes(1);
+  dialog->Load();
+  dialog->VSFExcel.RowData(2, "");
+  EXPECT_EQ(Entered([&] { dialog->VSFExcel.Row(2); }),
+            (std::vector<std::string>{"VSFExcel_AfterSelChange", "ViewChkName"}));
+  EXPECT_EQ(dialog->txtName.Text(), "T2");
+  EXPECT_TRUE(dialog->ButInsert.Enabled());
+  EXPECT_EQ(dialog->VSFChart.Rows(), 2);
+}
+
+TEST_F(AfterSelChange, ACompleteRowEnablesFirstThenRunsTheSevenHandlersInTheirOrderThenShowsItsTapes) {
+  Workbook().Instruments(2);
+  dialog->Load();
+  EXPECT_EQ(Entered([&] { dialog->VSFExcel.Row(2); }), (std::vector<std::string>{"VSFExcel_AfterSelChange",
+                                                                                 "EnableGroup",
+                                                                                 "CheckAddres",
+                                                                                 "CheckAddres",
+                                                                                 "CheckAddres",
+                                                                                 "CheckAddres",
+                                                                                 "CheckAddres",
+                                                                                 "CheckAddres",
+                                                                                 "CheckAddres",
+                                                                                 "OptLastPrice_Click",
+                                                                                 "CheckAddres",
+                                                                                 "ViewChkName",
+                                                                                 "modifyAddress",
+                                                                                 "ReturnColumnsCount",
+                                                                                 "OptAskPrice_Click",
+                                                                                 "OptBidPrice_Click",
+                                                                                 "OptLow_Click",
+                                                                                 "OptHigh_Click",
+                                                                                 "OptClose_Click",
+                                                                                 "OptVolume_Click",
+                                                                                 "EnableOptionButton",
+                                                                                 "ViewFGChart",
+                                                                                 "ViewChkName"}));
+}
+
+TEST_F(AfterSelChange, TheFieldsAreAskedForInTheOrderInWhichTheyAreEnabled) {
+  Workbook().Instruments(2);
+  dialog->Load();
+  Watch();
+  dialog->VSFExcel.Row(2);
+  auto asked = witness.Calls(".Address()");
+  EXPECT_EQ(asked, (std::vector<std::string>{"Range(TWS_Last_Price).Address()", "Range(TWS_Ask_Price).Address()",
+                                             "Range(TWS_Bid_Price).Address()", "Range(TWS_Low).Address()",
+                                             "Range(TWS_High).Address()", "Range(TWS_Volume).Address()",
+                                             "Range(TWS_Close).Address()", "Range(TWS_Last_Size).Address()"}));
+}
+
+TEST_F(AfterSelChange, AnIncompleteRowDisablesTheGroupThenTheSizesThenShowsItsTicker) {
+  Workbook().Instrument(Stock("A")).Gap().Instrument(Stock("B"));
+  dialog->Load();
+  EXPECT_EQ(Entered([&] { dialog->VSFExcel.Row(2); }),
+            (std::vector<std::string>{"VSFExcel_AfterSelChange", "EnableGroup", "EnableSizeName", "ViewChkName"}));
 }
 
 }  // namespace

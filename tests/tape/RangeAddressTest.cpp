@@ -1,4 +1,5 @@
 #include "Desk.h"
+#include "core/TextServices.h"
 
 namespace pellora::test {
 namespace {
@@ -257,6 +258,87 @@ TEST_F(Addresses, EveryBadSymbolBecomesAnUnderscore) {
             std::string(29, '_'));
   EXPECT_EQ(dialog->remove_bad_symbols("a b=c/d", OpenRibbon::BadSymbols), "a b_c_d");
   EXPECT_EQ(dialog->remove_bad_symbols(1.5, "."), "1_5");
+}
+
+TEST_F(Addresses, ATapeOfTheBidPriceWithItsSizeHasThreeColumns) {
+  Start();
+  dialog->OptBidPrice.Value(true);
+  EXPECT_EQ(dialog->ReturnColumnsCount(), 2);
+  dialog->chkBidSize.Value(1);
+  EXPECT_EQ(dialog->ReturnColumnsCount(), 3);
+}
+
+TEST_F(Addresses, TheBadSymbolsStandInTheirOrderThreeOfThemTwiceByIntention) {
+  std::string symbols;
+  for (const int code : {0x3D, 0x7E, 0x40, 0x23, 0x24, 0x25, 0x5E, 0x26, 0x2A, 0x28, 0x29, 0x2D, 0x2B, 0x5C, 0x2F,
+                         0x2E, 0x2C, 0x27, 0x3B, 0x60, 0x22, 0x21, 0x3A, 0x5C, 0x2F, 0x3F, 0x2A, 0x5B, 0x5D})
+    symbols += static_cast<char>(code);
+  EXPECT_EQ(OpenRibbon::BadSymbols, symbols);
+}
+
+TEST_F(Addresses, RetryingTheColumnOfANameDoesNotAskForTheNameAgain) {
+  Start();
+  Watch();
+  witness.Fail("Range(TWS_Last_Price).Column()", 1);
+  platform.user().ExpectErrorDialog("btnRetry");
+  EXPECT_EQ(dialog->ColumnAddress("TWS_Last_Price"), "$N:$N");
+  EXPECT_EQ(witness.Calls("Range(TWS_Last_Price)").size(), 1u);
+}
+
+/// Text services that fail at whatever compares texts.
+class FailingTexts : public TextServices {
+ public:
+  std::string Upper(std::string_view) const override { throw Error(errors::OutOfMemory); }
+  std::optional<double> ParseNumber(std::string_view text) const override { return m_good.ParseNumber(text); }
+  std::string NumberText(double value) const override { return m_good.NumberText(value); }
+  std::optional<double> ParseDate(std::string_view text) const override { return m_good.ParseDate(text); }
+  std::string DateText(double days) const override { return m_good.DateText(days); }
+  std::string ShortDate(double days) const override { return m_good.ShortDate(days); }
+  std::string LongTime(double days) const override { return m_good.LongTime(days); }
+  std::string ToSystemCodePage(std::string_view text) const override { return m_good.ToSystemCodePage(text); }
+  std::string FromSystemCodePage(std::string_view bytes) const override { return m_good.FromSystemCodePage(bytes); }
+
+ private:
+  const TextServices& m_good = PortableTextServices();
+};
+
+TEST_F(MyIntersect, AFailureWhileTheSheetsAreComparedIsSilentToo) {
+  const auto& before = CurrentTextServices();
+  const FailingTexts failing;
+  InstallTextServices(&failing);
+  std::string common = "junk";
+  EXPECT_NO_THROW(common = dialog->myIntersect("Größe", "A1", "GRÖSSE", "A1"));
+  InstallTextServices(&before);
+  EXPECT_EQ(common, "");
+  EXPECT_TRUE(platform.user().ErrorTexts().empty());
+  EXPECT_EQ(Entries(), 1u);
+}
+
+TEST_F(GivMyLink, LeavesOneEntryOnTheCallStackByIntentionBecauseItsEndTakesOffTheIntersections) {
+  Start();
+  std::string row;
+  const auto before = Entries();
+  dialog->GivMyLink(row);
+  EXPECT_EQ(Entries(), before + 1);
+  dialog->OptLastPrice.Value(false);
+  dialog->GivMyLink(row);
+  EXPECT_EQ(Entries(), before + 1) << "without a field there is no intersection";
+}
+
+TEST_F(CheckAddressIntersect, LeavesAnEntryForEachComparisonOnTheCallStackByIntention) {
+  for (int i = 0; i < 3; ++i) Recorded("$A$2", "tape" + std::to_string(i), "Sheet1!Z" + std::to_string(i + 1));
+  dialog->CheckAddressIntersect("Sheet1!B3:C9");
+  EXPECT_EQ(Entries(), 3u);
+  dialog->CheckAddressIntersect("Sheet1!Z1");
+  EXPECT_EQ(Entries(), 4u) << "it stops at the first that overlaps";
+}
+
+TEST_F(CheckAddressIntersect, ASheetIsTheSameWithAndWithoutItsApostrophes) {
+  Recorded("$A$2", "one", "'Sheet1'!B3:D22");
+  EXPECT_NE(dialog->CheckAddressIntersect("Sheet1!B3:D22"), "");
+  Recorded("$A$2", "one", "Sheet1!B3:D22");
+  EXPECT_EQ(dialog->CheckAddressIntersect("'Sheet1'!B3:D22"), "'Name'=one  'Data Range'=Sheet1!B3:D22");
+  EXPECT_EQ(dialog->CheckAddressIntersect("'Sheet2'!B3:D22"), "");
 }
 
 }  // namespace

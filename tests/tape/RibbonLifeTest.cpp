@@ -1,6 +1,7 @@
 #include <set>
 
 #include "Desk.h"
+#include "forms/NaturalSize.h"
 
 namespace pellora::test {
 namespace {
@@ -145,6 +146,29 @@ TEST_F(TapeDialog, NothingOverlapsAtAnyScaleAndBothGridsGrowWithTheWindow) {
   }
 }
 
+TEST_F(TapeDialog, AtItsLeastSizeNoHeaderIsWiderThanItsColumnsShare) {
+  Workbook().Instruments(1);
+  for (const int dpi : {96, 120, 144, 192}) {
+    platform.toolkit.dpi = dpi;
+    const headless::HeadlessMeasurer measurer(dpi);
+    NewDialog();
+    Use([&](UserAtForm& user) {
+      user.Resize({1, 1});
+      for (const Grid* grid : {&dialog->VSFExcel, &dialog->VSFChart}) {
+        const int room = grid->Bounds().Width() - measurer.Scale(17) - measurer.Scale(4);
+        int total = 0;
+        for (int i = 0; i < grid->Cols(); ++i) total += NaturalColumnWidth(*grid, i, measurer);
+        for (int i = 0; i < grid->Cols(); ++i) {
+          const auto& header = grid->ColumnAt(i).header;
+          const int share = room * NaturalColumnWidth(*grid, i, measurer) / total;
+          EXPECT_GE(share, measurer.Measure(header, TextStyle::Normal).width + measurer.Scale(12))
+              << header << " at " << dpi;
+        }
+      }
+    });
+  }
+}
+
 TEST_F(TapeDialog, CloseBoxHidesSaysCloseAndKeepsItLoaded) {
   Workbook().Instruments(2);
   Use([&](UserAtForm& user) {
@@ -232,6 +256,74 @@ TEST_F(TapeDialog, ClosingByTheUserIsCancelledAndKeepsTheMode) {
   dialog->Form_QueryUnload(cancel, mode);
   EXPECT_EQ(cancel, 1);
   EXPECT_EQ(mode, kUnloadByUser);
+}
+
+/// The workbook is to pick a location; then the window is closed while its place cannot be saved.
+class UnsavedPlace : public TapeDialog {
+ protected:
+  void CloseAnswering(std::string_view answer) {
+    Workbook().Instruments(1);
+    Use([](UserAtForm& user) { user.Click("ButGetAddress"); });
+    ASSERT_EQ(dialog->Tag(), "DATABEGINNING");
+    platform.registry.refuseWrites = 5;
+    platform.user().AnswerErrorDialogs(answer);
+    Use([](UserAtForm& user) { user.CloseBox(); });
+    EXPECT_EQ(ReportedRoutines(), (std::vector<std::string>{"Form_QueryUnload"}));
+  }
+};
+
+TEST_F(UnsavedPlace, ClosingWithAbortStillHidesSaysCloseAndKeepsItLoaded) {
+  CloseAnswering("btnAbort");
+  EXPECT_EQ(dialog->Tag(), "CLOSE");
+  EXPECT_FALSE(dialog->Shown());
+  EXPECT_TRUE(dialog->Loaded());
+}
+
+TEST_F(UnsavedPlace, ClosingWithIgnoreHidesSaysCloseAndKeepsItLoaded) {
+  CloseAnswering("btnIgnore");
+  EXPECT_EQ(dialog->Tag(), "CLOSE");
+  EXPECT_FALSE(dialog->Shown());
+  EXPECT_TRUE(dialog->Loaded());
+}
+
+TEST_F(UnsavedPlace, TheProgramsOwnUnloadProceedsAlsoWhenItIsAborted) {
+  Workbook();
+  dialog->Load();
+  platform.registry.refuseWrites = 5;
+  platform.user().ExpectErrorDialog("btnAbort");
+  dialog->Unload();
+  EXPECT_FALSE(dialog->Loaded());
+}
+
+TEST_F(TapeDialog, LoadingRunsItsStepsInTheirOrder) {
+  Workbook();
+  const auto names = Entered([&] { dialog->Load(); });
+  std::vector<std::string> steps;
+  for (const auto& name : names)
+    if (name != "CheckAddres") steps.push_back(name);
+  EXPECT_EQ(steps, (std::vector<std::string>{"Form_Load", "EnableOptionButton", "OpredTotalOpt", "LoadTable",
+                                             "GotoLastCell", "EnableGroup", "EnableSizeName", "ViewToTable",
+                                             "modifyAddress", "ReturnColumnsCount"}));
+}
+
+TEST_F(TapeDialog, ItsPlaceIsRestoredBeforeTheWorkbookIsRead) {
+  Workbook();
+  Use([](UserAtForm& user) {
+    auto place = *user.form().GetPlacement();
+    place.normal = {40, 50, 40 + place.normal.Width(), 50 + place.normal.Height()};
+    user.form().SetPlacement(place);
+    user.CloseBox();
+  });
+  NewDialog();
+  std::vector<int> lefts;
+  host.fail = [&](std::string_view, CallKind, std::uint64_t) {
+    lefts.push_back(dialog->GetPlacement()->normal.left);
+    return 0;
+  };
+  dialog->Load();
+  host.fail = {};
+  ASSERT_FALSE(lefts.empty());
+  EXPECT_EQ(lefts.front(), 40);
 }
 
 TEST_F(TapeDialog, LoadingWithoutAStoreIsReportedAndGoesOn) {
@@ -333,6 +425,20 @@ TEST_F(Buttons, InsertAndNewIgnoresTheRefusalByIntentionAndShowsTheCurrentRowAga
     user.Click("ButInsertNew");
     EXPECT_EQ(dialog->VSFChart.Rows(), 2);
     EXPECT_TRUE(user.form().Shown());
+  });
+}
+
+TEST_F(Buttons, InsertAndNewDisablesTheChoicesOfARowThatIsIncompleteByThen) {
+  Workbook().Instruments(1);
+  Use([&](UserAtForm& user) {
+    dialog->VSFExcel.RowData(1, "0\r\n$A$2:$S$2");
+    platform.user().ExpectMessage("Please fill in the 'Tape location' field ");
+    user.Click("ButInsertNew");
+    for (const Control* control : std::initializer_list<const Control*>{
+             &dialog->OptLastPrice, &dialog->OptAskPrice, &dialog->OptBidPrice, &dialog->OptLow, &dialog->OptHigh,
+             &dialog->OptClose, &dialog->OptVolume, &dialog->chkLastSize, &dialog->txtName, &dialog->txtAddress,
+             &dialog->ButInsert, &dialog->ButInsertNew})
+      EXPECT_FALSE(control->Enabled()) << control->Name();
   });
 }
 

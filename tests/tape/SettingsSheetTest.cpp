@@ -204,5 +204,145 @@ TEST_F(ViewFGChart, ARowWithoutTapesShowsTheHeaderOnly) {
   EXPECT_EQ(dialog->VSFChart.Rows(), 1);
 }
 
+TEST_F(GotoLastCell, OnlyALastCellThatIsEmptyOrOneBlankIsSearchedBehind) {
+  Workbook();
+  const std::pair<const char*, std::uint64_t> table[] = {{"x", 0}, {"  ", 0}, {" ", 2}};
+  for (const auto& [content, searches] : table) {
+    host.document().Set("Sheet1", "C9", content);
+    host.ResetCalls();
+    Last("Sheet1");
+    const auto made = host.Calls().find("Range.Find");
+    EXPECT_EQ(made == host.Calls().end() ? 0 : made->second, searches) << "'" << content << "'";
+  }
+}
+
+TEST_F(GotoLastCell, ASearchThatFailedAndWasIgnoredIsNotTakenForAnEmptySheet) {
+  Workbook();
+  host.fail = [](std::string_view member, CallKind, std::uint64_t) { return member == "Range.Find" ? 1004 : 0; };
+  platform.user().AnswerErrorDialogs("btnIgnore");
+  EXPECT_EQ(Last("Sheet1"), "");
+  EXPECT_EQ(ReportedRoutines(), (std::vector<std::string>{"GotoLastCell", "GotoLastCell"}));
+}
+
+TEST_F(GotoLastCell, ASheetThatCouldNotBeSelectedIsStillTheOneThatIsLookedAt) {
+  Workbook().Instruments(3);
+  Watch();
+  witness.Fail("Worksheets(TWS_Quotes).Select()");
+  platform.user().ExpectErrorDialog("btnIgnore");
+  EXPECT_EQ(Last("TWS_Quotes"), "S4");
+}
+
+TEST_F(LoadFGChart, IgnoringThatTheSettingsSheetCannotBeSelectedDoesNotSkipTheReading) {
+  Workbook().Instruments(3).Tapes(3);
+  Watch();
+  witness.Fail("Worksheets(Ticker_tape_settings).Select()");
+  platform.user().AnswerErrorDialogs("btnIgnore");
+  dialog->Load();
+  EXPECT_EQ(ReportedRoutines(), (std::vector<std::string>{"GotoLastCell", "LoadFGChart"}));
+  EXPECT_EQ(Groups(), 3);
+}
+
+TEST_F(LoadFGChart, AQuotedLinkToTheQuoteSheetIsAttachedToItsRow) {
+  Workbook().Instruments(2).Tape("N", "='TWS_Quotes'!$N$3", "", "Sheet1!A1:B4");
+  ASSERT_EQ(Formula(kSettings, "B2"), "='TWS_Quotes'!$N$3");
+  dialog->Load();
+  ASSERT_EQ(Groups(), 1);
+  EXPECT_EQ(dialog->LinkAddresses()->Item(std::int32_t{1})->GroupKey(), "$A$3:$S$3");
+}
+
+TEST_F(LoadFGChart, AQuotedLinkIsAttachedToARowThatOnlyTheSpreadsheetCanRead) {
+  Workbook().Instruments(2).Tape("N", "='TWS_Quotes'!$N$3", "", "Sheet1!A1:B4");
+  host.document().AddName("SecondRow", "Sheet1!$A$3:$S$3");
+  dialog->LoadFGChart("SecondRow");
+  EXPECT_EQ(Groups(), 1);
+}
+
+class UnreadRecords : public LoadFGChart {
+ protected:
+  static constexpr std::string_view kBlock = "Range(Tape_header_for_Ticker).Cells(2, 1).Resize(3, 4).Value()";
+  static constexpr std::string_view kTaken = "Sheet1!B3:C9";
+
+  /// Loads while the records' block cannot be read, and lets the user answer so.
+  void LoadBlind(std::string_view answer) {
+    Workbook().Instruments(3).Tapes(3);
+    Watch();
+    witness.Fail(kBlock);
+    platform.user().ExpectErrorDialog(answer);
+    dialog->Load();
+    EXPECT_EQ(Groups(), 0);
+  }
+};
+
+TEST_F(UnreadRecords, AfterAnAbortedReadingTheOverlapTestReadsThemForAllRows) {
+  LoadBlind("btnAbort");
+  witness.FailNothing();
+  EXPECT_EQ(dialog->CheckAddressIntersect(kTaken), "'Name'=N0  'Data Range'=Sheet1!A1:B4");
+  EXPECT_EQ(Groups(), 3);
+}
+
+TEST_F(UnreadRecords, AfterAnIgnoredReadingTheOverlapTestReadsThemForAllRows) {
+  LoadBlind("btnIgnore");
+  witness.FailNothing();
+  EXPECT_NE(dialog->CheckAddressIntersect(kTaken), "");
+  EXPECT_EQ(Groups(), 3);
+}
+
+TEST_F(UnreadRecords, AnOverlapIsRefusedAlthoughTheRecordsWereNotReadWhenTheDialogLoaded) {
+  LoadBlind("btnAbort");
+  witness.FailNothing();
+  dialog->txtAddress.Text(kTaken);
+  platform.user().ExpectMessage(
+      "The ranges of 'Tape location' and ''Name'=N0  'Data Range'=Sheet1!A1:B4' intersect with each other.");
+  EXPECT_FALSE(dialog->CheckField());
+}
+
+TEST_F(UnreadRecords, AReadingThatFailsAgainIsReportedAgainOnce) {
+  LoadBlind("btnIgnore");
+  platform.user().ExpectErrorDialog("btnIgnore");
+  EXPECT_EQ(dialog->CheckAddressIntersect(kTaken), "");
+  EXPECT_EQ(ReportedRoutines(), (std::vector<std::string>{"LoadFGChart", "LoadFGChart"}));
+}
+
+TEST_F(UnreadRecords, OnceReadTheyAreNotReadAgain) {
+  LoadBlind("btnAbort");
+  witness.FailNothing();
+  dialog->CheckAddressIntersect(kTaken);
+  const auto calls = excel::CallCount();
+  dialog->CheckAddressIntersect(kTaken);
+  EXPECT_EQ(excel::CallCount(), calls);
+}
+
+TEST_F(UnreadRecords, ReadingThemAgainPutsTheActiveSheetAndTheScreenBack) {
+  for (const bool fails : {false, true}) {
+    host.document().sheets.resize(1);
+    NewDialog();
+    LoadBlind("btnAbort");
+    if (fails) platform.user().ExpectErrorDialog("btnAbort");
+    if (!fails) witness.FailNothing();
+    dialog->CheckAddressIntersect(kTaken);
+    EXPECT_EQ(ActiveSheet(), "Sheet1");
+    EXPECT_TRUE(ScreenUpdating());
+  }
+}
+
+TEST_F(UnreadRecords, ALastUsedCellThatCouldNotBeFoundLeavesThemUnreadToo) {
+  Workbook().Instruments(1).Tapes(3);
+  Watch();
+  witness.Fail("Worksheets(Ticker_tape_settings)", 1);
+  platform.user().ExpectErrorDialog("btnIgnore");
+  dialog->Load();
+  EXPECT_NE(dialog->CheckAddressIntersect(kTaken), "");
+}
+
+TEST_F(LoadFGChart, ATracingLogThatCannotBeWrittenStopsNoReadingAndReportsNothing) {
+  Workbook().Instruments(3).Tapes(3);
+  platform.logFiles.refuses = true;
+  Handler().TracingEnabled(true);
+  dialog->Load();
+  EXPECT_TRUE(platform.user().ErrorTexts().empty());
+  EXPECT_EQ(dialog->VSFExcel.RowData(3), "1\r\n$A$4:$S$4");
+  EXPECT_EQ(Groups(), 3);
+}
+
 }  // namespace
 }  // namespace pellora::test

@@ -32,7 +32,11 @@ TEST(TapeIndex, TheSheetIsComparedWithoutLetterCaseAndWithoutEqualsSigns) {
 }
 
 TEST(TapeIndex, ALinkToAnotherSheetFollowsNoQuote) {
-  EXPECT_TRUE(Following(TapeIndex({Linked("=Sheet1!$E$7"), Linked("='TWS_Quotes'!$E$7")}, {}), "$A$7:$S$7").empty());
+  EXPECT_TRUE(Following(TapeIndex({Linked("=Sheet1!$E$7"), Linked("='Sheet1'!$E$7")}, {}), "$A$7:$S$7").empty());
+}
+
+TEST(TapeIndex, ALinkWithTheQuoteSheetsNameInApostrophesIsALinkToTheQuoteSheet) {
+  EXPECT_EQ(Following(TapeIndex({Linked("='TWS_Quotes'!$E$7")}, {}), "$A$7:$S$7").size(), 1u);
 }
 
 TEST(TapeIndex, RecordsWithoutNameLinkOrLocationAreLeftOut) {

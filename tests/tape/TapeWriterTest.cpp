@@ -242,5 +242,140 @@ TEST_F(ColorSelectRange, TouchesTheBordersInTheirOrder) {
   EXPECT_EQ(order, expected);
 }
 
+class TwoColumns : public AddSymbolToSheet {
+ protected:
+  void StartWithout(std::string_view field) {
+    auto fields = kAllFields;
+    std::erase(fields, field);
+    Workbook(fields).Instrument(Stock("XYZ"));
+    dialog->Load();
+    host.document().Set("Sheet1", "J3", "mine");
+  }
+  void ExpectNoSizeHeader() {
+    ASSERT_EQ(dialog->ReturnColumnsCount(), 2);
+    Insert("Sheet1!H3:I9");
+    EXPECT_EQ(Value("Sheet1", "I3"), Variant("XYZ"));
+    EXPECT_EQ(Value("Sheet1", "J3"), Variant("mine"));
+    EXPECT_EQ(Value(kSettings, "C2"), Variant());
+    EXPECT_EQ(Recorded("D2"), "Sheet1!H3:I9");
+    EXPECT_EQ(dialog->LinkAddresses()->Item(std::int32_t{1})->Item(std::int32_t{1})->NameSize(), "");
+  }
+};
+
+TEST_F(TwoColumns, APriceWhoseSizeTheWorkbookLacksLosesNoCellBesideTheTapeToItsSizeHeader) {
+  StartWithout("TWS_Last_Size");
+  ASSERT_FALSE(dialog->chkLastSize.Enabled());
+  dialog->txtNameSize.Enabled(true);
+  dialog->txtNameSize.Text("size");
+  ExpectNoSizeHeader();
+}
+
+TEST_F(TwoColumns, AskPriceWithoutItsSizeAfterLastSizeWasTickedLosesNoCellBesideTheTape) {
+  StartWithout("TWS_Ask_Size");
+  dialog->chkLastSize.Value(1);
+  dialog->OptAskPrice.Value(true);
+  ASSERT_TRUE(dialog->txtNameSize.Enabled());
+  ASSERT_EQ(dialog->txtNameSize.Text(), "XYZ");
+  ExpectNoSizeHeader();
+}
+
+class RecordPlace : public AddSymbolToSheet {
+ protected:
+  void Start(int tapes = 1) {
+    AddSymbolToSheet::Start(tapes);
+    dialog->txtAddress.Text("Sheet1!H3:I9");
+    Watch();
+  }
+  /// The search for the last used cell is all that is left to tell where it is.
+  void LetTheSearchFail() {
+    host.fail = [](std::string_view member, CallKind, std::uint64_t) {
+      return member == "Range.SpecialCells" || member == "Range.Find" ? 1004 : 0;
+    };
+  }
+  void ExpectNothingWritten(std::string_view answer) {
+    const auto before = Picture(host);
+    platform.user().AnswerErrorDialogs(answer);
+    dialog->AddSymbolToSheet();
+    host.fail = {};
+    EXPECT_EQ(Picture(host), before);
+    EXPECT_FALSE(platform.user().ErrorTexts().empty());
+  }
+};
+
+TEST_F(RecordPlace, ALastCellLookupThatFailedAndWasIgnoredWritesNeitherRecordNorTape) {
+  Start();
+  LetTheSearchFail();
+  ExpectNothingWritten("btnIgnore");
+}
+
+TEST_F(RecordPlace, ALastCellLookupThatFailedAndWasAbortedWritesNeitherRecordNorTape) {
+  Start();
+  LetTheSearchFail();
+  // Aborted in the lookup alone: the writer that called it goes on and puts the view back.
+  ExpectNothingWritten("btnAbort");
+  EXPECT_EQ(ReportedRoutines(), (std::vector<std::string>{"GotoLastCell"}));
+}
+
+TEST_F(RecordPlace, AnIgnoredFailureOfTheRecordTablesRowWritesNeitherRecordNorTape) {
+  Start();
+  witness.Fail("Range(Tape_header_for_Ticker).Cells(2, 1).Row()");
+  ExpectNothingWritten("btnIgnore");
+  EXPECT_EQ(ReportedRoutines(), (std::vector<std::string>{"AddSymbolToSheet"}));
+}
+
+TEST_F(RecordPlace, AnIgnoredFailureOfTheRecordsCellWritesNeitherRecordNorTape) {
+  Start();
+  witness.Fail("Range(Tape_header_for_Ticker).Cells(3, 1)");
+  ExpectNothingWritten("btnIgnore");
+}
+
+TEST_F(RecordPlace, AnIgnoredFailureOfOneCellOfTheRecordLeavesOutThatCellAlone) {
+  Start();
+  witness.Fail("Range(Tape_header_for_Ticker).Cells(3, 1).Cells(1, 1)");
+  platform.user().ExpectErrorDialog("btnIgnore");
+  dialog->AddSymbolToSheet();
+  EXPECT_EQ(Value(kSettings, "A3"), Variant());
+  EXPECT_EQ(Formula(kSettings, "B3"), "=TWS_Quotes!$N$2");
+  EXPECT_EQ(Recorded("D3"), "Sheet1!H3:I9");
+  EXPECT_EQ(Value("Sheet1", "I3"), Variant("XYZ"));
+}
+
+TEST_F(RecordPlace, ATableWhoseHeaderStandsBelowAllContentIsReportedAndItsHeaderNotWrittenOver) {
+  Start(0);
+  host.document().AddName("Tape_header_for_Ticker", "Ticker_tape_settings!$A$9");
+  ExpectNothingWritten("btnIgnore");
+  EXPECT_EQ(ReportedRoutines(), (std::vector<std::string>{"AddSymbolToSheet"}));
+}
+
+TEST_F(RecordPlace, OnAnEmptySheetTheFirstRecordStandsDirectlyBelowTheTablesPlace) {
+  Start(0);
+  for (const auto& sheet : host.document().sheets)
+    if (sheet->name == kSettings) sheet->cells.clear();
+  dialog->AddSymbolToSheet();
+  EXPECT_EQ(Recorded("A2"), "XYZ");
+  EXPECT_EQ(Value(kSettings, "A1"), Variant());
+}
+
+TEST_F(AddSymbolToSheet, FitsTheFirstFourColumnsAndNoOther) {
+  Start();
+  host.document().Set(kSettings, "E1", "x");
+  const excel::Application excel(application);
+  excel.Worksheets(kSettings).Range("A:E").ColumnWidth(99);
+  Insert();
+  for (const auto column : {"A", "B", "C", "D"}) EXPECT_LT(host.document().ColumnWidth(kSettings, column), 50);
+  EXPECT_EQ(host.document().ColumnWidth(kSettings, "E"), 99);
+}
+
+TEST_F(AddSymbolToSheet, SelectsTheSettingsSheetItsFirstCellAndThenTheSheetThatWasActive) {
+  Start();
+  Watch();
+  Insert();
+  EXPECT_EQ(witness.Calls("Select()"),
+            (std::vector<std::string>{
+                "Worksheets(Ticker_tape_settings).Select()", "Worksheets(Ticker_tape_settings).Select()",
+                "Worksheets(Ticker_tape_settings).Select()", "Worksheets(Ticker_tape_settings).Range(A1).Select()",
+                "ActiveWorkbook().Worksheets(Sheet1).Select()"}));
+}
+
 }  // namespace
 }  // namespace pellora::test

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# The dialogs as a script client calls them and a user answers them, with real keys and clicks.
+# The dialogs as a script client calls them and a user answers them, with real keys and clicks. The library reports a
+# failure in a dialog and nowhere else: one that comes up ends the play, and the client that waits for it by its time.
 . "$(dirname "$0")/lib.sh"
 
 no_settings
@@ -18,9 +19,3 @@ fi
 workbook=$root/samples/quotes.xlsx
 sheet=$(python3 "$root/script/lib/demo_check.py" target "$workbook")
 played_client roundtrip.js 90 roundtrip "$(windows_path "$workbook")" "$sheet" "$(windows_path "$desk/saved.xlsx")"
-
-if [[ -s "Error Log.txt" ]]; then
-  echo "not ok the library reported no error: $(head -n 1 'Error Log.txt')"
-else
-  echo "ok the library reported no error"
-fi

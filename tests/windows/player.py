@@ -20,8 +20,12 @@ _ESCAPES = {"\\": "\\", "t": "\t", "r": "\r", "n": "\n"}
 _BUTTON_KINDS = {0: "push", 1: "push", 2: "check", 3: "check", 4: "option", 7: "frame", 9: "option"}
 
 
+# The caption of the dialog in which the library reports a failure.
+_ERROR_DIALOG = "Error"
+
+
 class PlayError(Exception):
-    """What was expected did not come."""
+    """What was expected did not come, or the library reported a failure."""
 
 
 def plain(text):
@@ -205,6 +209,7 @@ class Probe:
 class Player:
     def __init__(self, probe, patience=20, log=None):
         self.patience = patience
+        self.expects_errors = False
         self._probe = Probe(probe)
         self._log = log
 
@@ -221,7 +226,16 @@ class Player:
     # Looking
 
     def windows(self):
-        """The visible top-level windows with their controls."""
+        """The visible top-level windows with their controls. An error dialog ends a play that does not expect the library
+        to fail at once, with what it says."""
+        tops = self._windows()
+        for window in tops:
+            if window.visible and window.caption == _ERROR_DIALOG and not self.expects_errors:
+                said = " ".join(window.all("Edit")[0].text.split()) if window.all("Edit") else window.describe()
+                raise PlayError(f"the library reported an error: {said}")
+        return tops
+
+    def _windows(self):
         tops = []
         for line in self._probe.ask("windows"):
             fields = line.split("\t")
@@ -257,7 +271,7 @@ class Player:
             time.sleep(0.03)
 
     def _screen(self):
-        return " | ".join(f"{w.kind} '{w.text}' {w.flags} ({w.describe()})" for w in self.windows())
+        return " | ".join(f"{w.kind} '{w.text}' {w.flags} ({w.describe()})" for w in self._windows())
 
     def look(self, title):
         """The window with that caption, or None."""

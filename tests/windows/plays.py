@@ -91,10 +91,12 @@ def answer_errors(player, button, expected):
 
 
 def failing(player):
+    player.expects_errors = True
     for button in ("Ignore", "Abort"):
         dialog = answer_errors(player, button, "in Pellora.frmAddRibbon.")
         close_box(player, dialog)
     # The object goes on working.
+    player.expects_errors = False
     dialog = player.wait(PROJECT)
     player.key("Escape")
     player.gone(dialog)

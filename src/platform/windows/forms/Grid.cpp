@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "forms/NaturalSize.h"
 #include "platform/windows/forms/Form.h"
 #include "platform/windows/forms/WideText.h"
 
@@ -57,7 +58,7 @@ void GridPeer::FollowHeaders() {
 
 void GridPeer::FollowWidths() {
   int total = 0;
-  for (int i = 0; i < Self().Cols(); ++i) total += m_form.GetFonts().Scale(Self().ColumnAt(i).width);
+  for (int i = 0; i < Self().Cols(); ++i) total += NaturalColumnWidth(Self(), i, m_form.GetFonts());
   RECT client{};
   ::GetClientRect(Window(), &client);
   // Rounded up from the left, so that the columns end exactly where the room does.
@@ -65,7 +66,7 @@ void GridPeer::FollowWidths() {
   int before = 0;
   int placed = 0;
   for (int i = 0; i < Self().Cols(); ++i) {
-    before += m_form.GetFonts().Scale(Self().ColumnAt(i).width);
+    before += NaturalColumnWidth(Self(), i, m_form.GetFonts());
     const auto edge = total > 0 ? ::MulDiv(before, room, total) : 0;
     Send(LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(i), edge - placed);
     placed = edge;
