@@ -127,13 +127,6 @@ def sample(player):
     player.gone(dialog)
 
 
-def one_dialog(player):
-    """A check that the library shows its dialogs at all."""
-    dialog = player.wait(PROJECT)
-    player.key("Escape")
-    player.gone(dialog)
-
-
 def lists(player):
     ticker = player.wait(TICKER)
     editor = open_editor(player, ticker)
