@@ -166,7 +166,7 @@ class frmAddTicker : public Form, private Routines {
   CAppSettings& Settings() const;
   std::string Stored(std::string_view key, std::string_view defaultText) const;
   void Store(std::string_view key, std::string_view text) const;
-  void LoadList(Steps& step, ComboBox& combo, std::string_view defaultList, std::string_view defaultChoice);
+  void LoadExchanges(Steps& step, ComboBox& combo, std::string_view defaultList, std::string_view defaultChoice);
 
   void ConnectHandlers();
   void NameKeys();

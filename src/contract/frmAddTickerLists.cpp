@@ -64,15 +64,19 @@ void frmAddTicker::LoadParamert() {
       step([&] { Add_Combobox(this->*kSecurityTypes[index].currency, currencies, currency); });
     }
     for (const auto index : kExchangeOrder)
-      LoadList(step, this->*kSecurityTypes[index].exchange, kSecurityTypes[index].defaultExchanges,
-               kSecurityTypes[index].defaultExchange);
+      LoadExchanges(step, this->*kSecurityTypes[index].exchange, kSecurityTypes[index].defaultExchanges,
+                    kSecurityTypes[index].defaultExchange);
     step([&] { txtPrimaryExchange.Text(Stored(txtPrimaryExchange.Name(), kDefaultPrimaryExchange)); });
     const auto expiry = step([&] { return NextMonthFromNow(); });
     for (auto* box : {&txtOPTExpiry, &txtFUTExpiry, &txtFOPExpiry})
       step([&] { box->Text(Stored(box->Name(), expiry)); });
     for (auto* box : {&txtOPTMultiplier, &txtFUTMultiplier})
       step([&] { box->Text(Stored(box->Name(), kDefaultMultiplier)); });
-    for (auto* right : {&ComOPTRight, &ComFOPRight}) LoadList(step, *right, kDefaultRights, kDefaultRight);
+    for (auto* right : {&ComOPTRight, &ComFOPRight}) {
+      const auto list = step([&] { return Stored(right->Name(), kDefaultRights); });
+      const auto chosen = step([&] { return Stored(ChoiceKey(*right), kDefaultRight); });
+      step([&] { Add_Combobox(*right, list, chosen); });
+    }
   });
 }
 
@@ -114,8 +118,8 @@ void frmAddTicker::RunfrmModifyList(ComboBox& combo, std::string_view title) {
 }
 
 // Each read is a statement of its own: a choice that cannot be read does not cost its list.
-void frmAddTicker::LoadList(Steps& step, ComboBox& combo, std::string_view defaultList,
-                            std::string_view defaultChoice) {
+void frmAddTicker::LoadExchanges(Steps& step, ComboBox& combo, std::string_view defaultList,
+                                 std::string_view defaultChoice) {
   const auto chosen = step([&] { return Stored(ChoiceKey(combo), defaultChoice); });
   const auto list = step([&] { return Stored(combo.Name(), defaultList); });
   step([&] { Add_Combobox(combo, list, chosen); });
