@@ -2,12 +2,12 @@
 
 # start_display [WIDTHxHEIGHT]: starts Xvfb on a free display number, exports DISPLAY, stops it at the end.
 start_display() {
-  local size=${1:-1600x1200} number_file=$logs/display.$$
+  local size=${1:-1600x1200} number_file=$logs/display.$BASHPID
   # Xvfb itself finds the free number and says which it took.
-  Xvfb -displayfd 3 -screen 0 "${size}x24" -nolisten tcp -noreset 3>"$number_file" >/dev/null 2>"$logs/xvfb.log" &
+  Xvfb -displayfd 3 -screen 0 "${size}x24" -nolisten tcp -noreset 3>"$number_file" >/dev/null 2>"$logs/xvfb.$BASHPID.log" &
   display_pid=$!
   at_exit "stop_display"
-  until_true 10 test -s "$number_file" || fail "the virtual display did not start: $(<"$logs/xvfb.log")"
+  until_true 10 test -s "$number_file" || fail "the virtual display did not start: $(<"$logs/xvfb.$BASHPID.log")"
   export DISPLAY=:$(<"$number_file")
   rm -f "$number_file"
   # Wine looks for a session's files here when it finds them; the virtual display has none.

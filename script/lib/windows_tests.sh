@@ -9,26 +9,66 @@ broken() {
   printf 'not ok %s\n' "$1" >>"$results/$2.tap"
 }
 
-# run_windows_tests 64|32: runs the test programs and the script clients of that build, in a prefix of its own bitness.
-# Expects `results`, the folder for what comes out, and a display.
+# run_windows_tests 64|32: runs the test programs and the script clients of that build, side by side, each half on a
+# display and in a prefix of its own, of that bitness. Expects `results`, the folder for what comes out. The test of the
+# archive links the libraries anew: it is for `run_package_test`, when nobody uses them.
 run_windows_tests() {
-  local bits=$1 built=$root/build/win$1 out=$results/windows-$1 program script name status
-  mkdir -p "$out"
-  start_wine "test-$bits" "win$bits"
+  local bits=$1
+  mkdir -p "$results/windows-$bits"
+  ( _on_its_own "programs-$bits" "win$bits"; _run_programs "$bits" ) &
+  local programs=$!
+  ( _on_its_own "test-$bits" "win$bits"; _run_clients "$bits" )
+  wait "$programs"
+}
+
+# What a part that runs beside others needs for itself; it is given back when the part ends.
+_on_its_own() {
+  _at_exit=()
+  trap _run_at_exit EXIT
+  start_display
+  start_wine "$@"
+}
+
+_run_programs() {
+  local bits=$1 out=$results/windows-$1 program name
   while IFS= read -r program; do
     name=$(basename "$program" .exe)
-    quietly "wine$bits-$name" run_wine 300 "$program" --gtest_brief=1 \
-      "--gtest_output=xml:$(windows_path "$out/$name.xml")" ||
+    quietly "wine$bits-$name" _run_program "$program" "$out/$name.xml" ||
       broken "$name ran to its end without a failure" "windows-$bits/$name"
-  done < <(find "$built" -name 'test_*.exe' | sort)
-  for script in tests/windows/*.sh; do
-    [[ $script != */lib.sh ]] || continue
-    name=$(basename "$script" .sh)
+  done < <(find "$root/build/win$bits" -name 'test_*.exe' | sort)
+}
+
+_run_program() {
+  local program=$1 report=$2 said=$logs/program.$BASHPID.txt status=0
+  run_wine 300 "$program" --gtest_brief=1 "--gtest_output=xml:$(windows_path "$report")" >"$said" 2>&1 || status=$?
+  if never_started "$said"; then
     status=0
-    PELLORA_BUILD=$built PELLORA_WINE_RUNS=yes timeout -k 10 300 bash "$script" \
-      </dev/null >"$out/$name.tap" 2>"$logs/windows$bits-$name.log" || status=$?
-    (( status == 0 )) ||
-      broken "$name ran to its end (it ended with $status; see build/logs/windows$bits-$name.log)" "windows-$bits/$name"
+    run_wine 300 "$program" --gtest_brief=1 "--gtest_output=xml:$(windows_path "$report")" >"$said" 2>&1 || status=$?
+  fi
+  cat "$said"
+  rm -f "$said"
+  return "$status"
+}
+
+run_package_test() {
+  mkdir -p "$results/windows-64"
+  # It makes its own prefix, one in which the library never was.
+  ( _at_exit=(); trap _run_at_exit EXIT; start_display; _run_script 64 tests/windows/package.sh )
+}
+
+_run_clients() {
+  local script
+  for script in tests/windows/*.sh; do
+    [[ $script != */lib.sh && $script != */package.sh ]] || continue
+    _run_script "$1" "$script"
   done
-  stop_wine
+}
+
+_run_script() {
+  local bits=$1 script=$2 name status=0
+  name=$(basename "$script" .sh)
+  PELLORA_BUILD=$root/build/win$bits PELLORA_WINE_RUNS=yes timeout -k 10 300 bash "$script" \
+    </dev/null >"$results/windows-$bits/$name.tap" 2>"$logs/windows$bits-$name.log" || status=$?
+  (( status == 0 )) ||
+    broken "$name ran to its end (it ended with $status; see build/logs/windows$bits-$name.log)" "windows-$bits/$name"
 }

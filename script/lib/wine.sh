@@ -33,6 +33,10 @@ run_wine() {
   timeout -k 5 "$seconds" wine "$@" </dev/null
 }
 
+# never_started FILE: true when the output in FILE says that Wine did not get the program to start. It happens once in a
+# thousand starts on a busy machine and says nothing of the program: one more try is due.
+never_started() { grep -q 'ShellExecuteEx failed' "$1"; }
+
 # set_user_value KEY NAME TYPE DATA: writes below HKEY_CURRENT_USER.
 set_user_value() {
   run_wine 30 reg add "HKCU\\$1" /v "$2" /t "$3" /d "$4" /f >/dev/null
