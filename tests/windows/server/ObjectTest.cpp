@@ -126,6 +126,21 @@ TEST_F(Object, IsSetByNameFromAScriptsVariable) {
     }
 }
 
+TEST_F(Object, IsSetByNameFromATypedObjectVariable) {
+  const auto application = MakeFake<AnswersEverything>();
+  for (const WORD flags : {kPut, kPutRef})
+    for (const wchar_t* name : {L"ExcelApplication", L"m_ObjExcelApplication"}) {
+      IDispatch* variable = application.get();
+      VARIANT argument;
+      argument.vt = VT_BYREF | VT_DISPATCH;
+      argument.ppdispVal = &variable;
+      EXPECT_EQ(Set(name, flags, argument), S_OK);
+      ASSERT_EQ(Get(name), S_OK);
+      EXPECT_EQ(result.get().pdispVal, application.get());
+      result.reset();
+    }
+}
+
 TEST_F(Object, LetsGoOfItsApplication) {
   auto application = std::make_shared<AnswersEverything>();
   object->putref_m_ObjExcelApplication(ole::ToDispatch(application).get());

@@ -46,8 +46,12 @@ VARIANTARG* Innermost(VARIANTARG* variable) {
   return variable;
 }
 
-bool IsReadable(const VARIANTARG* variable) {
-  return variable && (!(variable->vt & VT_BYREF) || (variable->byref && WidthOf(variable->vt & ~VT_BYREF) > 0));
+bool IsReadable(const VARIANTARG* variable, VARTYPE wanted) {
+  if (!variable || !(variable->vt & VT_BYREF)) return variable != nullptr;
+  const VARTYPE type = variable->vt & ~VT_BYREF;
+  // An object variable is read where an object is wanted, and nowhere written.
+  const bool isObject = wanted == VT_DISPATCH && (type == VT_DISPATCH || type == VT_UNKNOWN);
+  return variable->byref && (isObject || WidthOf(type) > 0);
 }
 
 void WriteTo(VARIANTARG& variable, VARIANTARG& value) {
@@ -101,7 +105,7 @@ HRESULT CallArguments::Fit(VARIANTARG& given, VARTYPE type, std::size_t slot) {
   }
   VARIANTARG* const variable = Innermost(&given);
   const bool anything = plainType == VT_VARIANT;
-  if (!variable || (!anything && !IsReadable(variable))) return DISP_E_TYPEMISMATCH;
+  if (!variable || (!anything && !IsReadable(variable, type))) return DISP_E_TYPEMISMATCH;
   if (variable->vt == VT_ERROR && variable->scode == DISP_E_PARAMNOTFOUND && !anything) return DISP_E_PARAMNOTOPTIONAL;
   OleVariant plain;
   OleVariant& temporary = m_temporaries[slot];
