@@ -188,6 +188,8 @@ class Play:
         larger = player.resize(dialog, 260 * self.dpi // 96, 180 * self.dpi // 96)
         if larger.right - larger.left > dialog.right - dialog.left:
             self.picture(larger, f"looks-{name}-enlarged")
+        elif name != "project":
+            raise PlayError(f"the dialog '{title}' cannot be enlarged")
         player.key("Escape")
         player.gone(dialog)
 

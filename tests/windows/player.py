@@ -344,18 +344,24 @@ class Player:
         self.type(text) if text else self.key("Delete")
         return self.waiting(window, f"the text '{text}'", lambda w: w.same(control).text == text)
 
-    def drag(self, start, end):
-        """Moves the mouse from a point to another with its button held, as a person does: not in one jump."""
-        self._xdotool("mousemove", *start, "mousedown", 1)
-        for part in range(1, 9):
-            place = [a + (b - a) * part // 8 for a, b in zip(start, end)]
-            self._xdotool("mousemove", *place)
-        self._xdotool("mouseup", 1)
-
     def resize(self, window, wider, higher):
-        """Drags the window's lower right corner; answers the window as it then is."""
-        corner = (window.right - 2, window.bottom - 2)
-        self.drag(corner, (corner[0] + wider, corner[1] + higher))
+        """Drags the window's lower right corner; answers the window as it then is. Where it cannot go it stays."""
+        before = self.again(window)
+        corner = (before.right - 2, before.bottom - 2)
+        end = (corner[0] + wider, corner[1] + higher)
+        self._xdotool("mousemove", *corner, "mousedown", 1)
+
+        # The window follows the mouse only from when it has noticed the button: so the mouse goes on moving.
+        def follows():
+            for part in (4, 6, 7, 8):
+                self._xdotool("mousemove", *(a + (b - a) * part // 8 for a, b in zip(corner, end)))
+            now = self.again(window)
+            return (now.right, now.bottom) != (before.right, before.bottom)
+
+        deadline = time.monotonic() + 2
+        while not follows() and time.monotonic() < deadline:
+            pass
+        self._xdotool("mouseup", 1)
         return self.steady(window)
 
     def steady(self, window):
