@@ -232,6 +232,40 @@ TEST(WindowsTextServices, NumbersReadAndPrintAsInMacros) {
   EXPECT_EQ(text.ParseNumber("1.5x"), std::nullopt);
 }
 
+struct LocaleCase {
+  const char* name;
+  unsigned long locale;
+  const char* half;
+  const char* otherHalf;
+};
+
+class NumbersInALocale : public testing::TestWithParam<LocaleCase> {};
+
+TEST_P(NumbersInALocale, AreReadAndPrintedWithItsSeparator) {
+  const WindowsTextServices text(GetParam().locale);
+  EXPECT_EQ(text.ParseNumber(GetParam().half), 0.5);
+  EXPECT_EQ(text.NumberText(0.5), GetParam().half);
+}
+
+TEST_P(NumbersInALocale, AnothersSeparatorIsNotThatOfDecimals) {
+  const WindowsTextServices text(GetParam().locale);
+  EXPECT_NE(text.ParseNumber(GetParam().otherHalf), std::optional(0.5));
+}
+
+TEST_P(NumbersInALocale, SignsAndExponentsAreNumbersEverywhereAndWordsNowhere) {
+  const WindowsTextServices text(GetParam().locale);
+  EXPECT_EQ(text.ParseNumber("-100"), -100.0);
+  EXPECT_EQ(text.ParseNumber("2e3"), 2000.0);
+  EXPECT_EQ(text.ParseNumber("Dec07"), std::nullopt);
+  EXPECT_EQ(text.ParseNumber(""), std::nullopt);
+}
+
+INSTANTIATE_TEST_SUITE_P(Locales, NumbersInALocale,
+                         testing::Values(LocaleCase{"English", 0x0409, "0.5", "0,5"},
+                                         LocaleCase{"German", 0x0407, "0,5", "0.5"},
+                                         LocaleCase{"French", 0x040C, "0,5", "0.5"}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
 TEST(WindowsTextServices, ANumberTooLargeIsAnOverflow) {
   try {
     WindowsTextServices().ParseNumber("1e999");

@@ -71,27 +71,27 @@ std::string WindowsTextServices::Upper(std::string_view text) const {
 std::optional<double> WindowsTextServices::ParseNumber(std::string_view text) const {
   double value = 0;
   std::wstring wide = Wide(text);
-  const HRESULT code = VarR8FromStr(wide.data(), LOCALE_USER_DEFAULT, 0, &value);
+  const HRESULT code = VarR8FromStr(wide.data(), m_locale, 0, &value);
   if (code == DISP_E_OVERFLOW) throw Error(errors::Overflow);
   return SUCCEEDED(code) ? std::optional(value) : std::nullopt;
 }
 
 std::string WindowsTextServices::NumberText(double value) const {
   BStr text;
-  ole::Check(VarBstrFromR8(value, LOCALE_USER_DEFAULT, 0, text.put()));
+  ole::Check(VarBstrFromR8(value, m_locale, 0, text.put()));
   return text.Text();
 }
 
 std::optional<double> WindowsTextServices::ParseDate(std::string_view text) const {
   DATE days = 0;
   std::wstring wide = Wide(text);
-  const HRESULT code = VarDateFromStr(wide.data(), LOCALE_USER_DEFAULT, 0, &days);
+  const HRESULT code = VarDateFromStr(wide.data(), m_locale, 0, &days);
   return SUCCEEDED(code) ? std::optional<double>(days) : std::nullopt;
 }
 
 std::string WindowsTextServices::DateText(double days) const {
   BStr text;
-  ole::Check(VarBstrFromDate(days, LOCALE_USER_DEFAULT, 0, text.put()));
+  ole::Check(VarBstrFromDate(days, m_locale, 0, text.put()));
   return text.Text();
 }
 

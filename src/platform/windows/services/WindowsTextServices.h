@@ -8,6 +8,9 @@ namespace pellora::windows {
 /// and print as in the host's macros.
 class WindowsTextServices : public TextServices {
  public:
+  /// The user's locale, or the one of an identifier as the system numbers them (0x0407: German).
+  explicit WindowsTextServices(unsigned long locale = 0x0400) : m_locale(locale) {}
+
   std::string Upper(std::string_view text) const override;
   std::optional<double> ParseNumber(std::string_view text) const override;
   std::string NumberText(double value) const override;
@@ -17,6 +20,9 @@ class WindowsTextServices : public TextServices {
   std::string LongTime(double days) const override;
   std::string ToSystemCodePage(std::string_view text) const override;
   std::string FromSystemCodePage(std::string_view bytes) const override;
+
+ private:
+  unsigned long m_locale;
 };
 
 /// Bytes of the system's code page for calls without Unicode, and back. They are what those functions of
