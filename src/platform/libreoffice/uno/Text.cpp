@@ -1,0 +1,14 @@
+#include "platform/libreoffice/uno/Text.h"
+
+namespace pellora::libreoffice {
+
+rtl::OUString Wide(std::string_view text) {
+  return rtl::OUString(text.data(), static_cast<sal_Int32>(text.size()), RTL_TEXTENCODING_UTF8);
+}
+
+std::string Narrow(const rtl::OUString& text) {
+  const auto bytes = rtl::OUStringToOString(text, RTL_TEXTENCODING_UTF8);
+  return {bytes.getStr(), static_cast<std::size_t>(bytes.getLength())};
+}
+
+}  // namespace pellora::libreoffice
