@@ -165,6 +165,20 @@ TEST(House, WindowsStaysInItsRooms) {
   EXPECT_EQ(faults, "");
 }
 
+TEST(House, TheOfficeProgramsTypesStayInTheirRooms) {
+  std::string faults;
+  for (const auto& file : Sources()) {
+    // The services of the same platform need the system only.
+    const bool may = (file.IsIn("src/platform/libreoffice") && !file.IsIn("src/platform/libreoffice/services")) ||
+                     file.IsIn("tests/libreoffice") || file.IsIn("tests/hosts/libreoffice");
+    if (may || file.IsIn("tests/house")) continue;
+    for (const auto& line : file.lines)
+      if (line.find("com/sun/star") != std::string::npos || line.find("com::sun::star") != std::string::npos)
+        faults += file.path + ": " + line + "\n";
+  }
+  EXPECT_EQ(faults, "");
+}
+
 TEST(House, EveryHeaderIsIncludedOnce) {
   std::string faults;
   for (const auto& file : Sources())
