@@ -110,7 +110,8 @@ std::string ForbiddenIncludes(const std::string& folder, const Folders& allowed)
 }
 
 bool MayUseWindows(const SourceFile& file) {
-  return file.IsIn("src/platform/windows") || file.IsIn("workbook/windows") || file.IsIn("tests/windows");
+  return file.IsIn("src/platform/windows") || file.IsIn("workbook/windows") || file.IsIn("tests/windows") ||
+         file.IsIn("tests/hosts/automation");
 }
 
 bool SpeaksOfWindows(const std::string& line) {
@@ -152,6 +153,19 @@ TEST(House, TheEmbeddedWorkbookIncludesTheCoreOnly) {
     }
   }
   EXPECT_EQ(faults, "");
+}
+
+TEST(House, TheTestsThatRunOnEveryHostKnowNoHost) {
+  Folders allowed = kPortable;
+  allowed.insert({"platform/headless", "tests"});
+  const std::string shared = "tests/hosts/";
+  for (const char* folder : {"tests/tape", "tests/excel"}) {
+    EXPECT_EQ(ForbiddenIncludes(folder, allowed), "");
+    for (const auto& file : Sources())
+      for (const auto& include : file.IsIn(folder) ? OwnIncludes(file) : std::vector<std::string>())
+        EXPECT_FALSE(include.starts_with(shared) && include.find('/', shared.size()) != std::string::npos)
+            << file.path << " includes " << include;
+  }
 }
 
 TEST(House, WindowsStaysInItsRooms) {
