@@ -141,6 +141,30 @@ TEST(House, APlatformDoesNotIncludeAnotherOrTheEmbeddedWorkbook) {
   }
 }
 
+// A header of a system, not of a library: "vector", "unistd.h", "sys/stat.h".
+bool IsOfTheSystem(const std::string& header) {
+  return header.find('/') == std::string::npos || header.starts_with("sys/");
+}
+
+// They are tested without the office, which has to be at hand for everything else of its platform.
+TEST(House, TheDesktopsServicesKnowTheSystemAndTheirSeamsOnly) {
+  const std::string folder = "src/platform/libreoffice/services";
+  std::string faults = ForbiddenIncludes(folder, {"core", "forms", "support", "platform/libreoffice"});
+  int files = 0;
+  for (const auto& file : Sources()) {
+    if (!file.IsIn(folder)) continue;
+    ++files;
+    for (const auto& include : OwnIncludes(file))
+      if (include.starts_with("platform/libreoffice/") && !include.starts_with("platform/libreoffice/services/"))
+        faults += file.path + " includes " + include + "\n";
+    for (const auto& line : file.lines)
+      if (const auto header = Included(line, '<', '>'); !IsOfTheSystem(header))
+        faults += file.path + " includes " + header + "\n";
+  }
+  EXPECT_EQ(faults, "");
+  EXPECT_GT(files, 0);
+}
+
 TEST(House, TheEmbeddedWorkbookIncludesTheCoreOnly) {
   std::string faults;
   for (const auto& file : Sources()) {
