@@ -1,7 +1,7 @@
 #include "Pellora_idl.h"
+#include "platform/windows/ole/ClassFactory.h"
 #include "platform/windows/ole/Failure.h"
-#include "platform/windows/ole/ModuleReference.h"
-#include "platform/windows/server/ClassFactory.h"
+#include "platform/windows/server/ComPellora.h"
 #include "platform/windows/server/Module.h"
 #include "platform/windows/server/Registration.h"
 
@@ -62,7 +62,7 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** object) {
   return Door([&] {
     if (!object) return E_POINTER;
     *object = nullptr;
-    return IsEqualCLSID(classId, __uuidof(::cPellora)) ? windows::ClassFactory::Create(id, object)
+    return IsEqualCLSID(classId, __uuidof(::cPellora)) ? ole::ClassFactory<windows::ComPellora>::Create(id, object)
                                                        : CLASS_E_CLASSNOTAVAILABLE;
   });
 }
