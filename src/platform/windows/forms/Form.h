@@ -86,6 +86,8 @@ class WindowsFormPeer : public FormPeer {
 
   // Modal showing
   void Run();
+  static int NextMessage(MSG& message);
+  static void Dispatch(const MSG& message);
   void Raise();
   void Leave(HWND owner);
 
