@@ -168,10 +168,8 @@ TEST_F(AwarenessOfTheHost, IsBackAfterTheDialog) {
 TEST_F(AwarenessOfTheHost, DoesNotReachADialogsOwnHandlers) {
   int inHandler = -1;
   ShowTape([&](frmAddRibbon& form, HWND) {
-    const auto click = form.OptAskPrice.Click;
     form.OptAskPrice.Click = [&] { inHandler = Awareness(); };
-    ::SendMessageW(WindowOf(form.OptAskPrice), BM_CLICK, 0, 0);
-    form.OptAskPrice.Click = click;
+    ::PostMessageW(WindowOf(form.OptAskPrice), BM_CLICK, 0, 0);
   });
   EXPECT_EQ(inHandler, kPerDisplay);
 }
