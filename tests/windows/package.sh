@@ -48,6 +48,8 @@ verdict "and what to do about it" says "64-bit: not registered. Run install.cmd"
 # beside_excel COMMAND...: with a list of programs as it is while Excel runs.
 beside_excel() {
   local list=$WINEPREFIX/drive_c/windows/system32/tasklist.exe status=0
+  # Wine would take its own in spite of the file.
+  local -x WINEDLLOVERRIDES="$WINEDLLOVERRIDES;tasklist.exe=n"
   cp "$list" "$desk/tasklist.exe"
   cp "$built/obstacle.exe" "$list"
   "$@" || status=$?
@@ -65,10 +67,12 @@ verdict "and says so" says "The files could not be copied"
 verdict "and registers nothing" no_classes
 
 interface='Software\Classes\Interface\{D5C30E2C-C1A0-4C1C-AAA4-39D9A7DD5ADA}'
+run_wine 30 reg add "HKCU\\${interface%\\*}" /f >/dev/null 2>&1 # the keys above it are to last
 run_wine 30 "$built/obstacle.exe" "$interface"
 verdict "installing fails where the registry refuses a key" ends_with 1 "$desk/My downloads/install.cmd"
 verdict "and says which" says "$interface"
 verdict "and takes back what was registered" no_classes
+run_wine 30 reg delete "HKCU\\${interface%\\*}" /f >/dev/null 2>&1
 
 verdict "installing succeeds" ends_with 0 "$desk/My downloads/install.cmd"
 verdict "and says where the library is" says "Pellora is installed for you, in "
