@@ -1,7 +1,7 @@
 #include "platform/libreoffice/component/UnoPellora.h"
 
 #include <com/sun/star/beans/PropertyAttribute.hpp>
-#include <com/sun/star/beans/UnknownPropertyException.hpp>
+#include <com/sun/star/beans/theIntrospection.hpp>
 #include <com/sun/star/lang/IllegalArgumentException.hpp>
 #include <cppuhelper/queryinterface.hxx>
 #include <iterator>
@@ -45,13 +45,13 @@ constexpr std::size_t kStrike = 3, kMultiplier = 5, kComTypeListIndex = 9;
 /// Counts a call that is carried out.
 class Running {
  public:
-  explicit Running(int& calls) : m_calls(calls) { ++m_calls; }
+  explicit Running(std::atomic<int>& calls) : m_calls(calls) { ++m_calls; }
   ~Running() { --m_calls; }
   Running(const Running&) = delete;
   Running& operator=(const Running&) = delete;
 
  private:
-  int& m_calls;
+  std::atomic<int>& m_calls;
 };
 
 const ClassMember& KnownMember(const rtl::OUString& name, bool isMethod) {
@@ -101,7 +101,7 @@ script::InvocationInfo InfoOf(const ClassMember& member) {
 
 rtl::Reference<UnoPellora> UnoPellora::Create(const Context& context) {
   try {
-    // The state is made, and looked for, on the library's one thread.
+    // The state is made, and looked for, by one thread at a time.
     const mGlobal::ThreadClaim thisThread;
     return new UnoPellora(context, LibraryState::Acquire(context));
   } catch (...) {
@@ -115,7 +115,14 @@ UnoPellora::UnoPellora(const Context& context, std::shared_ptr<LibraryState> sta
       m_object(std::make_unique<cPellora>()),
       m_membership(m_state.get(), *this) {}
 
-UnoPellora::~UnoPellora() = default;
+UnoPellora::~UnoPellora() {
+  try {
+    const mGlobal::ThreadClaim thisThread;
+    m_object.reset();
+  } catch (const Error&) {
+    if (m_state) m_state->Bury(std::move(m_object));
+  }
+}
 
 rtl::OUString UnoPellora::ImplementationName() { return "Pellora.UnoPellora"; }
 rtl::OUString UnoPellora::ServiceName() { return "Pellora.cPellora"; }
@@ -132,12 +139,24 @@ auto UnoPellora::Run(Body&& body) {
   const Running running(m_running);
   try {
     const mGlobal::ThreadClaim thisThread;
-    m_last = Error(0, {}, {});
+    if (m_state) m_state->LetBuriedGo();
+    Remember(Error(0, {}, {}));
     return body();
   } catch (...) {
-    m_last = Caught();
-    throw m_last;
+    const Error error = Caught();
+    Remember(error);
+    throw error;
   }
+}
+
+void UnoPellora::Remember(const Error& last) {
+  const std::lock_guard lock(m_lastMutex);
+  m_last = last;
+}
+
+Error UnoPellora::Last() {
+  const std::lock_guard lock(m_lastMutex);
+  return m_last;
 }
 
 template <class Body>
@@ -146,7 +165,7 @@ auto UnoPellora::RunForBasic(Body&& body) {
   try {
     return Run(std::forward<Body>(body));
   } catch (const Error& error) {
-    throw ForBasic(error, Self());
+    throw WrappedForBasic(error, Self());
   }
 }
 
@@ -167,9 +186,14 @@ cPellora& UnoPellora::Object() {
 
 uno::Reference<uno::XInterface> UnoPellora::Self() { return static_cast<cppu::OWeakObject*>(this); }
 
-void UnoPellora::OfficeEnds() noexcept { m_object.reset(); }
+void UnoPellora::OfficeEnds() noexcept {
+  if (!IsRunning()) m_object.reset();
+}
 
-uno::Reference<beans::XIntrospectionAccess> UnoPellora::getIntrospection() { return {}; }
+uno::Reference<beans::XIntrospectionAccess> UnoPellora::getIntrospection() {
+  // Python uses the answer without a look: none would end the process.
+  return beans::theIntrospection::get(m_context)->inspect(uno::Any(Self()));
+}
 
 uno::Any UnoPellora::invoke(const rtl::OUString& name, const uno::Sequence<uno::Any>& given,
                             uno::Sequence<sal_Int16>& positions, uno::Sequence<uno::Any>& written) {
@@ -188,10 +212,15 @@ void UnoPellora::setValue(const rtl::OUString& name, const uno::Any& value) {
 }
 
 uno::Any UnoPellora::getValue(const rtl::OUString& name) {
+  const rtl::Reference<UnoPellora> self(this);
   const ClassMember* const member = FindClassMember(name);
   // What the last call left is read without being a call itself.
   if (member && member->kind == MemberKind::ReadOnlyProperty) return Get(member->id);
-  return RunForBasic([&] { return Get(KnownMember(name, false).id); });
+  try {
+    return Run([&] { return Get(KnownMember(name, false).id); });
+  } catch (const Error& error) {
+    throw ForBasic(error, Self());
+  }
 }
 
 sal_Bool UnoPellora::hasMethod(const rtl::OUString& name) {
@@ -348,8 +377,8 @@ void UnoPellora::UnloadfrmMaster() {
   RunForCallers([&] { Object().UnloadfrmMaster(); });
 }
 
-sal_Int32 UnoPellora::getErrNumber() { return m_last.Number(); }
-rtl::OUString UnoPellora::getErrSource() { return Wide(m_last.Source()); }
-rtl::OUString UnoPellora::getErrDescription() { return Wide(m_last.Description()); }
+sal_Int32 UnoPellora::getErrNumber() { return Last().Number(); }
+rtl::OUString UnoPellora::getErrSource() { return Wide(Last().Source()); }
+rtl::OUString UnoPellora::getErrDescription() { return Wide(Last().Description()); }
 
 }  // namespace pellora::libreoffice
