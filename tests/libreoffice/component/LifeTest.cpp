@@ -47,6 +47,15 @@ TEST_P(Life, ACallDuringADialogIsRefusedAndBringsTheDialogUp) {
   EXPECT_EQ(platform.toolkit.broughtToFront, std::vector<std::string>{"frmNewProject"});
 }
 
+TEST_P(Life, ACallRefusedDuringADialogIsNoFailureOfTheDialogsOwn) {
+  AtForm("frmNewProject", [&](UserAtForm& user) {
+    NumberOf([&] { m_library->ShowRefEditInterface(); });
+    EXPECT_EQ(m_library->getErrNumber(), -2147221404);
+    user.Click("ButCancel");
+  });
+  EXPECT_EQ(Answer(std::string("T = library.CreateNewProject(") + kTenZeros + ") & library.ErrNumber"), "False0");
+}
+
 TEST_P(Life, ACallOfAnotherThreadDuringADialogIsRefused) {
   std::int32_t number = 0;
   AtForm("frmNewProject", [&](UserAtForm& user) {

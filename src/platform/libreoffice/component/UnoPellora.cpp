@@ -109,6 +109,19 @@ rtl::Reference<UnoPellora> UnoPellora::Create(const Context& context) {
   }
 }
 
+/// Forgets the last failure before and after a body: a call that was refused while a dialog was up is no failure of the
+/// dialog's own call. One that the body ends with is remembered after that.
+class UnoPellora::Succeeding {
+ public:
+  explicit Succeeding(UnoPellora& object) : m_object(object) { m_object.Remember(Error(0, {}, {})); }
+  ~Succeeding() { m_object.Remember(Error(0, {}, {})); }
+  Succeeding(const Succeeding&) = delete;
+  Succeeding& operator=(const Succeeding&) = delete;
+
+ private:
+  UnoPellora& m_object;
+};
+
 UnoPellora::UnoPellora(const Context& context, std::shared_ptr<LibraryState> state)
     : m_context(context),
       m_state(std::move(state)),
@@ -140,7 +153,7 @@ auto UnoPellora::Run(Body&& body) {
   try {
     const mGlobal::ThreadClaim thisThread;
     if (m_state) m_state->LetBuriedGo();
-    Remember(Error(0, {}, {}));
+    const Succeeding succeeding(*this);
     return body();
   } catch (...) {
     const Error error = Caught();

@@ -107,6 +107,8 @@ class UnoPellora final : public UnoPelloraBase, public ::Pellora::XcPellora, pri
   rtl::OUString SAL_CALL getErrDescription() override;
 
  private:
+  class Succeeding;
+
   /// Runs a member's body, and remembers how it ended. Failures leave as they are, as `Error`.
   template <class Body>
   auto Run(Body&& body);
