@@ -71,7 +71,7 @@ Function CreateProject()
 End Function
 
 Function ApplicationComesBack(application)
-  library = CreateObject("Pellora.cPellora")
+  Set library = CreateObject("Pellora.cPellora")
   Set library.ExcelApplication = application
   back = EqualUnoObjects(library.ExcelApplication, application)
   back = back And EqualUnoObjects(library.m_ObjExcelApplication, application)
@@ -84,13 +84,13 @@ Function OwnApplication()
 End Function
 
 Function OtherApplication()
-  globals = CreateUnoServiceWithArguments("ooo.vba.excel.Globals", Array(ThisComponent))
+  Set globals = CreateUnoServiceWithArguments("ooo.vba.excel.Globals", Array(ThisComponent))
   OtherApplication = ApplicationComesBack(globals.Excel)
 End Function
 
 Function Failing()
   On Error Goto Failed
-  library = CreateObject("Pellora.cPellora")
+  Set library = CreateObject("Pellora.cPellora")
   library.ExcelApplication = 5
 Failed: Failing = Err & " " & library.ErrNumber & " " & library.ErrDescription
 End Function
