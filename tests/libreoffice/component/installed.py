@@ -13,11 +13,10 @@ sys.path.insert(0, str(root / "script/lib"))
 
 import uno  # noqa: E402
 from com.sun.star.beans import PropertyValue  # noqa: E402
+from com.sun.star.accessibility.AccessibleRole import DIALOG  # noqa: E402
+from office_profile import Quiet  # noqa: E402
 from office_tests import office  # noqa: E402
 
-TEN_ZEROS = "0, 0, 0, 0, 0, 0, 0, 0, 0, 0"
-
-# Names are asked for in a variable: a module with an unknown class after "New" would not be compiled at all.
 MACROS = """
 Public kept As Object
 
@@ -67,7 +66,10 @@ Function ManyTimes(count)
 End Function
 
 Function CreateProject()
-  CreateProject = CStr(CreateObject("Pellora.cPellora").CreateNewProject(0, 0, 0, 0, 0, 0, 0, 0, 0, 0))
+  Dim volume As Integer, last
+  Set library = CreateObject("Pellora.cPellora")
+  answer = library.CreateNewProject(0, 0, 0, 0, 0, 0, last, 0, 0, volume)
+  CreateProject = answer & " " & TypeName(last) & last & " " & volume
 End Function
 
 Function ApplicationComesBack(application)
@@ -215,53 +217,47 @@ def test_life(program):
 
 
 def test_dialog(program):
-    """One dialog, opened by a macro on a thread of its own and closed by its button."""
+    """One dialog, opened by a macro on a thread of its own and used by the names of its controls."""
     macros = program.document()
-    outcome = []
-    caller = threading.Thread(target=lambda: outcome.append(Program(program.pipe, program.pid) and macros.run("Vba.CreateProject")))
-    caller.start()
-    button = until(lambda: find_button(program, "Cancel"))
-    check("a macro opens a dialog", lambda: (button is not None, True))
-    if button is None:
-        return
-    check("the program does not end while a dialog is open", lambda: (program.desktop.terminate(), False))
-    press(button)
-    caller.join(20)
-    check("a cancelled dialog answers False", lambda: (outcome, ["False"]))
+
+    def during(use):
+        outcome = []
+        caller = threading.Thread(target=lambda: outcome.append(macros.run("Vba.CreateProject")))
+        caller.start()
+        try:
+            use()
+        finally:
+            caller.join(20)
+        return outcome
+
+    def confirm():
+        press(control(program, "Volume"))
+        press(control(program, "Create project"))
+
+    def refuse_to_end():
+        control(program, "Cancel")
+        check("the program does not end while a dialog is open", lambda: (program.desktop.terminate(), False))
+        press(control(program, "Cancel"))
+    check("a confirmed dialog writes the variables", lambda: (during(confirm), ["True Integer0 1"]))
+    check("a cancelled dialog leaves them alone", lambda: (during(refuse_to_end), ["False Empty 0"]))
     macros.close()
 
 
-def until(find, seconds=15):
+def control(program, name, seconds=15):
+    """The control of a dialog, once there is one."""
     end = time.monotonic() + seconds
     while time.monotonic() < end:
-        found = find()
-        if found is not None:
-            return found
-        time.sleep(0.1)
-    return None
-
-
-def find_button(program, name):
-    toolkit = program.service("com.sun.star.awt.Toolkit")
-    for index in range(toolkit.getTopWindowCount()):
-        window = toolkit.getTopWindow(index)
-        found = below(window.getAccessibleContext(), name) if window is not None else None
-        if found is not None:
-            return found
-    return None
-
-
-def below(node, name):
-    if node is None:
-        return None
-    if node.getAccessibleName().replace("~", "") == name and hasattr(node, "doAccessibleAction"):
-        return node
-    for index in range(min(node.getAccessibleChildCount(), 200)):
-        child = node.getAccessibleChild(index)
-        found = below(child.getAccessibleContext(), name) if child is not None else None
-        if found is not None:
-            return found
-    return None
+        toolkit = program.service("com.sun.star.awt.Toolkit")
+        for index in range(toolkit.getTopWindowCount()):
+            window = toolkit.getTopWindow(index).getAccessibleContext()
+            if window.getAccessibleRole() != DIALOG:
+                continue
+            for place in range(window.getAccessibleChildCount()):
+                child = window.getAccessibleChild(place).getAccessibleContext()
+                if child.getAccessibleName() == name:
+                    return child
+        time.sleep(0.05)
+    raise TimeoutError(f"no dialog has {name}")
 
 
 def press(button):
@@ -272,7 +268,7 @@ def test_removal(program):
     macros = program.document()
     macros.run("Vba.Keep")
     manager = program.context.getValueByName("/singletons/com.sun.star.deployment.ExtensionManager")
-    manager.removeExtension("pellora.extension", "pellora.oxt", "user", manager.createAbortChannel(), None)
+    manager.removeExtension("pellora.extension", "pellora.oxt", "user", manager.createAbortChannel(), Quiet())
     check("an object works on after its extension was removed", lambda: (macros.run("Vba.UseKept"), "used"))
     check("the program answers after the extension was removed", lambda: (program.answers(), True))
 
