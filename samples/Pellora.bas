@@ -103,7 +103,7 @@ End Sub
 Private Function PickedPlace() As String
     Dim picked As Object
 #If Not VBA6 Then
-    PickedPlace = PlaceOfRange(PickedRange("Where shall the ticker tape begin?"))
+    PickedPlace = PlaceOfRange(PickedRange("Ticker tape"))
     Exit Function
 #End If
     ' Cancelled, InputBox answers False, which is no object.
@@ -117,17 +117,13 @@ End Function
 ' tells a listener.
 #If Not VBA6 Then
 Private Function PickedRange(title As String) As String
-    Dim window As Object, listener As Object, wishes(1) As New com.sun.star.beans.PropertyValue
+    Dim window As Object, listener As Object
     Set window = ThisComponent.CurrentController
     Set listener = CreateUnoListener("RangePicking_", "com.sun.star.sheet.XRangeSelectionListener")
-    wishes(0).Name = "Title"
-    wishes(0).Value = title
-    wishes(1).Name = "CloseOnMouseRelease"
-    wishes(1).Value = True
     mPickedRange = ""
     mPicking = True
     window.addRangeSelectionListener listener
-    window.startRangeSelection wishes
+    window.startRangeSelection Array(Named("Title", title), Named("CloseOnMouseRelease", True))
     ' The listener's routines below are called meanwhile.
     Do While mPicking
         Wait 20
@@ -135,6 +131,12 @@ Private Function PickedRange(title As String) As String
     On Error Resume Next
     window.removeRangeSelectionListener listener
     PickedRange = mPickedRange
+End Function
+
+Private Function Named(name As String, value As Variant) As Object
+    Set Named = CreateUnoStruct("com.sun.star.beans.PropertyValue")
+    Named.Name = name
+    Named.Value = value
 End Function
 
 Public Sub RangePicking_done(outcome As Object)

@@ -82,7 +82,7 @@ def main(pipe, folder):
     folder = Path(folder)
     context = office(pipe)
     desktop = context.ServiceManager.createInstanceWithContext("com.sun.star.frame.Desktop", context)
-    document = desktop.loadComponentFromURL((folder / "quotes.xlsx").as_uri(), "_blank", 0, (value("Hidden", True),))
+    document = desktop.loadComponentFromURL((folder / "quotes.xlsx").as_uri(), "_blank", 0, ())
     put_modules(document, module_text(folder / "Pellora.bas"))
     put_buttons(document)
     document.CurrentController.ActiveSheet = document.Sheets.getByName(SHEET)
