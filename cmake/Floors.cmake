@@ -14,6 +14,16 @@ function(pellora_floor name folder)
   endif()
 endfunction()
 
+# pellora_host(NAME [LIBRARIES...]): the spreadsheet host of the folder tests/hosts/NAME, with what all hosts share, as a
+# static library pellora_host_NAME. A program of tests is linked with one.
+function(pellora_host name)
+  file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/hosts/*.cpp
+       ${PROJECT_SOURCE_DIR}/tests/hosts/${name}/*.cpp)
+  add_library(pellora_host_${name} STATIC ${sources})
+  target_include_directories(pellora_host_${name} PUBLIC ${PROJECT_SOURCE_DIR})
+  target_link_libraries(pellora_host_${name} PUBLIC pellora_core ${ARGN} GTest::gmock_main)
+endfunction()
+
 # pellora_test(NAME FOLDER [LIBRARIES...]): the sources of one folder of tests as a program test_NAME, one ctest test
 # for the program. Does nothing for a folder without sources.
 function(pellora_test name folder)

@@ -14,6 +14,7 @@
 #include "platform/windows/services/WindowsRegistry.h"
 #include "platform/windows/services/WindowsShell.h"
 #include "platform/windows/services/WindowsTextServices.h"
+#include "tests/LocaleNumbers.h"
 
 namespace pellora::windows {
 namespace {
@@ -265,6 +266,15 @@ INSTANTIATE_TEST_SUITE_P(Locales, NumbersInALocale,
                                          LocaleCase{"German", 0x0407, "0,5", "0.5"},
                                          LocaleCase{"French", 0x040C, "0,5", "0.5"}),
                          [](const auto& info) { return std::string(info.param.name); });
+
+TEST(WindowsTextServices, NumbersAreReadAsInTheTableOfAllPlatforms) {
+  const WindowsTextServices english(0x0409), german(0x0407), french(0x040C);
+  for (const auto& row : LocaleNumbers()) {
+    EXPECT_EQ(english.ParseNumber(row.text), row.english) << row.text;
+    EXPECT_EQ(german.ParseNumber(row.text), row.german) << row.text;
+    EXPECT_EQ(french.ParseNumber(row.text), row.french) << row.text;
+  }
+}
 
 TEST(WindowsTextServices, ANumberTooLargeIsAnOverflow) {
   try {

@@ -1,0 +1,77 @@
+#include "platform/libreoffice/component/LibraryState.h"
+
+#include <algorithm>
+#include <com/sun/star/frame/Desktop.hpp>
+#include <com/sun/star/frame/TerminationVetoException.hpp>
+#include <cppuhelper/implbase1.hxx>
+
+namespace pellora::libreoffice {
+namespace {
+
+namespace uno = com::sun::star::uno;
+namespace frame = com::sun::star::frame;
+namespace lang = com::sun::star::lang;
+
+/// Passes the program's end on to the state that lives, if one does.
+class Watch : public cppu::WeakImplHelper1<frame::XTerminateListener> {
+ public:
+  explicit Watch(LibraryState& state) : m_state(&state) {}
+  void Forget() { m_state = nullptr; }
+
+  void SAL_CALL queryTermination(const lang::EventObject&) override {
+    if (m_state && m_state->IsRunning())
+      throw frame::TerminationVetoException("A dialog is open.", static_cast<cppu::OWeakObject*>(this));
+  }
+  void SAL_CALL notifyTermination(const lang::EventObject&) override { End(); }
+  void SAL_CALL disposing(const lang::EventObject&) override { End(); }
+
+ private:
+  void End() noexcept {
+    if (m_state) m_state->OfficeEnds();
+  }
+
+  LibraryState* m_state;
+};
+
+}  // namespace
+
+std::shared_ptr<LibraryState> LibraryState::Acquire(const Context& context) {
+  static std::weak_ptr<LibraryState> current;
+  auto state = current.lock();
+  if (!state) current = state = std::make_shared<LibraryState>(context);
+  return state;
+}
+
+LibraryState::LibraryState(const Context& context)
+    : m_platform(context), m_watch(new Watch(*this)), m_context(context) {
+  frame::Desktop::create(m_context)->addTerminateListener(m_watch);
+}
+
+LibraryState::~LibraryState() {
+  static_cast<Watch*>(m_watch.get())->Forget();
+  if (m_ended) return;
+  try {
+    frame::Desktop::create(m_context)->removeTerminateListener(m_watch);
+  } catch (...) {
+    // The program has ended already.
+  }
+}
+
+LibraryState::Membership::Membership(LibraryState* state, PlatformUser& user) : m_state(state), m_user(user) {
+  if (m_state) m_state->m_users.insert(&m_user);
+}
+
+LibraryState::Membership::~Membership() {
+  if (m_state) m_state->m_users.erase(&m_user);
+}
+
+bool LibraryState::IsRunning() const {
+  return std::any_of(m_users.begin(), m_users.end(), [](const PlatformUser* user) { return user->IsRunning(); });
+}
+
+void LibraryState::OfficeEnds() noexcept {
+  m_ended = true;
+  for (PlatformUser* const user : m_users) user->OfficeEnds();
+}
+
+}  // namespace pellora::libreoffice

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <com/sun/star/frame/XTerminateListener.hpp>
+#include <com/sun/star/uno/XComponentContext.hpp>
+#include <memory>
+#include <set>
+
+#include "platform/libreoffice/component/LibreOfficePlatform.h"
+
+namespace pellora::libreoffice {
+
+/// Someone who must let go of the platform before the office program has ended.
+class PlatformUser {
+ public:
+  virtual ~PlatformUser() = default;
+  /// True while a call is carried out; the program is asked to stay for as long.
+  virtual bool IsRunning() const = 0;
+  /// The program ends: what was made from the platform goes now. Raises nothing.
+  virtual void OfficeEnds() noexcept = 0;
+};
+
+/// What all objects of the library share: the platform, and the watch for the end of the office program, which lets go
+/// of Basic's variables only when the windows, and half of the program, are gone. Made with the first object, released
+/// with the last.
+class LibraryState {
+ public:
+  using Context = com::sun::star::uno::Reference<com::sun::star::uno::XComponentContext>;
+
+  /// The one that lives, or a new one. On the library's thread only.
+  static std::shared_ptr<LibraryState> Acquire(const Context& context);
+
+  explicit LibraryState(const Context& context);
+  ~LibraryState();
+  LibraryState(const LibraryState&) = delete;
+  LibraryState& operator=(const LibraryState&) = delete;
+
+  /// A user's entry, for as long as it lives; of no state, it does nothing.
+  class Membership {
+   public:
+    Membership(LibraryState* state, PlatformUser& user);
+    ~Membership();
+    Membership(const Membership&) = delete;
+    Membership& operator=(const Membership&) = delete;
+
+   private:
+    LibraryState* m_state;
+    PlatformUser& m_user;
+  };
+
+  bool IsRunning() const;
+  void OfficeEnds() noexcept;
+
+ private:
+  LibreOfficePlatform m_platform;
+  std::set<PlatformUser*> m_users;
+  com::sun::star::uno::Reference<com::sun::star::frame::XTerminateListener> m_watch;
+  Context m_context;
+  bool m_ended = false;
+};
+
+}  // namespace pellora::libreoffice

@@ -1,0 +1,355 @@
+#include "platform/libreoffice/component/UnoPellora.h"
+
+#include <com/sun/star/beans/PropertyAttribute.hpp>
+#include <com/sun/star/beans/UnknownPropertyException.hpp>
+#include <com/sun/star/lang/IllegalArgumentException.hpp>
+#include <cppuhelper/queryinterface.hxx>
+#include <iterator>
+#include <utility>
+#include <vector>
+
+#include "core/Convert.h"
+#include "platform/libreoffice/component/BasicErrors.h"
+#include "platform/libreoffice/component/CallArguments.h"
+#include "platform/libreoffice/uno/Text.h"
+#include "platform/libreoffice/uno/UnoObject.h"
+
+namespace pellora::libreoffice {
+namespace {
+
+namespace uno = com::sun::star::uno;
+namespace beans = com::sun::star::beans;
+namespace lang = com::sun::star::lang;
+namespace script = com::sun::star::script;
+namespace reflection = com::sun::star::reflection;
+
+constexpr std::int16_t QuoteFields::*kFields[] = {
+    &QuoteFields::AskPrice,   &QuoteFields::AskSize,  &QuoteFields::BidPrice,  &QuoteFields::BidSize,
+    &QuoteFields::ClosePrice, &QuoteFields::HighTick, &QuoteFields::LastPrice, &QuoteFields::LastSize,
+    &QuoteFields::LowTick,    &QuoteFields::Volume,
+};
+
+/// A text of a contract with its place among the arguments.
+struct ContractText {
+  std::string ContractRecord::*text;
+  std::size_t place;
+};
+
+constexpr ContractText kTexts[] = {
+    {&ContractRecord::Symbol, 0},       {&ContractRecord::TypeSymbol, 1}, {&ContractRecord::Expiry, 2},
+    {&ContractRecord::Right, 4},        {&ContractRecord::Exchange, 6},   {&ContractRecord::PrimaryExchange, 7},
+    {&ContractRecord::TypeCurrency, 8},
+};
+constexpr std::size_t kStrike = 3, kMultiplier = 5, kComTypeListIndex = 9;
+
+/// Counts a call that is carried out.
+class Running {
+ public:
+  explicit Running(int& calls) : m_calls(calls) { ++m_calls; }
+  ~Running() { --m_calls; }
+  Running(const Running&) = delete;
+  Running& operator=(const Running&) = delete;
+
+ private:
+  int& m_calls;
+};
+
+const ClassMember& KnownMember(const rtl::OUString& name, bool isMethod) {
+  const ClassMember* const member = FindClassMember(name);
+  if (!member || member->IsMethod() != isMethod) throw Error(errors::MemberNotSupported);
+  return *member;
+}
+
+uno::Type TypeOf(ValueKind kind) {
+  switch (kind) {
+    case ValueKind::Integer: return cppu::UnoType<sal_Int16>::get();
+    case ValueKind::Double: return cppu::UnoType<double>::get();
+    case ValueKind::Text: break;
+  }
+  return cppu::UnoType<rtl::OUString>::get();
+}
+
+uno::Type ResultTypeOf(MemberId id) {
+  switch (id) {
+    case MemberId::CreateNewProject: return cppu::UnoType<bool>::get();
+    case MemberId::AddNewSymbol: return cppu::UnoType<sal_Int16>::get();
+    case MemberId::ErrNumber: return cppu::UnoType<sal_Int32>::get();
+    case MemberId::UnloadfrmMaster: return cppu::UnoType<void>::get();
+    case MemberId::ObjExcelApplication:
+    case MemberId::ExcelApplication: return cppu::UnoType<uno::Any>::get();
+    default: return cppu::UnoType<rtl::OUString>::get();
+  }
+}
+
+script::InvocationInfo InfoOf(const ClassMember& member) {
+  const auto count = static_cast<sal_Int32>(member.parameters.size());
+  script::InvocationInfo info;
+  info.aName = Wide(member.name);
+  info.eMemberType = member.IsMethod() ? script::MemberType_METHOD : script::MemberType_PROPERTY;
+  info.PropertyAttribute = member.kind == MemberKind::ReadOnlyProperty ? beans::PropertyAttribute::READONLY : 0;
+  info.aType = ResultTypeOf(member.id);
+  info.aParamTypes.realloc(count);
+  info.aParamModes.realloc(count);
+  for (sal_Int32 i = 0; i < count; ++i) {
+    info.aParamTypes.getArray()[i] = TypeOf(member.parameters[static_cast<std::size_t>(i)].kind);
+    info.aParamModes.getArray()[i] = reflection::ParamMode_INOUT;
+  }
+  return info;
+}
+
+}  // namespace
+
+rtl::Reference<UnoPellora> UnoPellora::Create(const Context& context) {
+  try {
+    // The state is made, and looked for, on the library's one thread.
+    const mGlobal::ThreadClaim thisThread;
+    return new UnoPellora(context, LibraryState::Acquire(context));
+  } catch (...) {
+    throw Error(errors::Component(100), "Pellora.cPellora.Class_Initialize", "cPellora component failure");
+  }
+}
+
+UnoPellora::UnoPellora(const Context& context, std::shared_ptr<LibraryState> state)
+    : m_context(context),
+      m_state(std::move(state)),
+      m_object(std::make_unique<cPellora>()),
+      m_membership(m_state.get(), *this) {}
+
+UnoPellora::~UnoPellora() = default;
+
+rtl::OUString UnoPellora::ImplementationName() { return "Pellora.UnoPellora"; }
+rtl::OUString UnoPellora::ServiceName() { return "Pellora.cPellora"; }
+
+uno::Any UnoPellora::queryInterface(const uno::Type& type) {
+  const uno::Any own = cppu::queryInterface(type, static_cast<::Pellora::XcPellora*>(this));
+  return own.hasValue() ? own : UnoPelloraBase::queryInterface(type);
+}
+
+template <class Body>
+auto UnoPellora::Run(Body&& body) {
+  // The caller may release its last reference while a dialog is up.
+  const rtl::Reference<UnoPellora> self(this);
+  const Running running(m_running);
+  try {
+    const mGlobal::ThreadClaim thisThread;
+    m_last = Error(0, {}, {});
+    return body();
+  } catch (...) {
+    m_last = Caught();
+    throw m_last;
+  }
+}
+
+template <class Body>
+auto UnoPellora::RunForBasic(Body&& body) {
+  const rtl::Reference<UnoPellora> self(this);
+  try {
+    return Run(std::forward<Body>(body));
+  } catch (const Error& error) {
+    throw ForBasic(error, Self());
+  }
+}
+
+template <class Body>
+auto UnoPellora::RunForCallers(Body&& body) {
+  const rtl::Reference<UnoPellora> self(this);
+  try {
+    return Run(std::forward<Body>(body));
+  } catch (const Error& error) {
+    throw ForCallers(error, Self());
+  }
+}
+
+cPellora& UnoPellora::Object() {
+  if (!m_object) throw Error(errors::InvalidCall);
+  return *m_object;
+}
+
+uno::Reference<uno::XInterface> UnoPellora::Self() { return static_cast<cppu::OWeakObject*>(this); }
+
+void UnoPellora::OfficeEnds() noexcept { m_object.reset(); }
+
+uno::Reference<beans::XIntrospectionAccess> UnoPellora::getIntrospection() { return {}; }
+
+uno::Any UnoPellora::invoke(const rtl::OUString& name, const uno::Sequence<uno::Any>& given,
+                            uno::Sequence<sal_Int16>& positions, uno::Sequence<uno::Any>& written) {
+  return RunForBasic([&] {
+    const ClassMember& member = KnownMember(name, true);
+    CallArguments arguments(member, given, m_context);
+    bool writesBack = false;
+    const uno::Any result = Call(member, arguments, writesBack);
+    if (writesBack) arguments.WriteBack(positions, written);
+    return result;
+  });
+}
+
+void UnoPellora::setValue(const rtl::OUString& name, const uno::Any& value) {
+  RunForBasic([&] { Put(KnownMember(name, false).id, value); });
+}
+
+uno::Any UnoPellora::getValue(const rtl::OUString& name) {
+  const ClassMember* const member = FindClassMember(name);
+  // What the last call left is read without being a call itself.
+  if (member && member->kind == MemberKind::ReadOnlyProperty) return Get(member->id);
+  return RunForBasic([&] { return Get(KnownMember(name, false).id); });
+}
+
+sal_Bool UnoPellora::hasMethod(const rtl::OUString& name) {
+  const ClassMember* const member = FindClassMember(name);
+  return member && member->IsMethod();
+}
+
+sal_Bool UnoPellora::hasProperty(const rtl::OUString& name) {
+  const ClassMember* const member = FindClassMember(name);
+  return member && !member->IsMethod();
+}
+
+uno::Sequence<rtl::OUString> UnoPellora::getMemberNames() {
+  std::vector<rtl::OUString> names;
+  for (const ClassMember& member : ClassMembers()) names.push_back(Wide(member.name));
+  return {names.data(), static_cast<sal_Int32>(names.size())};
+}
+
+uno::Sequence<script::InvocationInfo> UnoPellora::getInfo() {
+  std::vector<script::InvocationInfo> all;
+  for (const ClassMember& member : ClassMembers()) all.push_back(InfoOf(member));
+  return {all.data(), static_cast<sal_Int32>(all.size())};
+}
+
+script::InvocationInfo UnoPellora::getInfoForName(const rtl::OUString& name, sal_Bool exact) {
+  const ClassMember* const member = FindClassMember(name);
+  if (!member || (exact && Wide(member->name) != name))
+    throw lang::IllegalArgumentException("There is no such member.", Self(), 0);
+  return InfoOf(*member);
+}
+
+rtl::OUString UnoPellora::getExactName(const rtl::OUString& approximateName) {
+  const ClassMember* const member = FindClassMember(approximateName);
+  return member ? Wide(member->name) : rtl::OUString();
+}
+
+uno::Sequence<rtl::OUString> UnoPellora::getSupportedServiceNames() {
+  const rtl::OUString name = ServiceName();
+  return {&name, 1};
+}
+
+uno::Any UnoPellora::Call(const ClassMember& member, CallArguments& arguments, bool& writesBack) {
+  switch (member.id) {
+    case MemberId::CreateNewProject: return CallCreateNewProject(arguments, writesBack);
+    case MemberId::AddNewSymbol: writesBack = true; return CallAddNewSymbol(arguments);
+    case MemberId::ShowRefEditInterface: return uno::Any(Wide(Object().ShowRefEditInterface()));
+    default: Object().UnloadfrmMaster(); return {};
+  }
+}
+
+uno::Any UnoPellora::CallCreateNewProject(CallArguments& arguments, bool& writesBack) {
+  QuoteFields fields;
+  for (std::size_t i = 0; i < std::size(kFields); ++i) fields.*kFields[i] = arguments.Integer(i);
+  writesBack = Object().CreateNewProject(fields);
+  for (std::size_t i = 0; i < std::size(kFields); ++i) arguments.Put(i, fields.*kFields[i]);
+  return uno::Any(writesBack);
+}
+
+uno::Any UnoPellora::CallAddNewSymbol(CallArguments& arguments) {
+  ContractRecord contract;
+  for (const auto& [text, place] : kTexts) contract.*text = arguments.Text(place);
+  contract.Strike = arguments.Double(kStrike);
+  contract.Multiplier = arguments.Double(kMultiplier);
+  contract.ComTypeListIndex = arguments.Integer(kComTypeListIndex);
+  const sal_Int16 outcome = Object().AddNewSymbol(contract);
+  for (const auto& [text, place] : kTexts) arguments.Put(place, contract.*text);
+  arguments.Put(kStrike, contract.Strike);
+  arguments.Put(kMultiplier, contract.Multiplier);
+  arguments.Put(kComTypeListIndex, contract.ComTypeListIndex);
+  return uno::Any(outcome);
+}
+
+uno::Any UnoPellora::Get(MemberId id) {
+  switch (id) {
+    case MemberId::RefEditInputs: return uno::Any(Wide(Object().RefEditInputs()));
+    case MemberId::ErrNumber: return uno::Any(getErrNumber());
+    case MemberId::ErrSource: return uno::Any(getErrSource());
+    case MemberId::ErrDescription: return uno::Any(getErrDescription());
+    default: return uno::Any(FromDispatch(Object().ExcelApplication()));
+  }
+}
+
+void UnoPellora::Put(MemberId id, const uno::Any& value) {
+  switch (id) {
+    case MemberId::ObjExcelApplication:
+    case MemberId::ExcelApplication: Object().ExcelApplication(FromAny(value, m_context)); break;
+    case MemberId::RefEditInputs: Object().RefEditInputs(ToText(FromAny(value, m_context))); break;
+    default: throw Error(errors::MemberNotSupported);
+  }
+}
+
+uno::Reference<uno::XInterface> UnoPellora::getObjExcelApplication() {
+  return RunForCallers([&] { return FromDispatch(Object().m_ObjExcelApplication()); });
+}
+
+void UnoPellora::setObjExcelApplication(const uno::Reference<uno::XInterface>& application) {
+  RunForCallers([&] { Object().ExcelApplication(FromAny(uno::Any(application), m_context)); });
+}
+
+rtl::OUString UnoPellora::getRefEditInputs() {
+  return RunForCallers([&] { return Wide(Object().RefEditInputs()); });
+}
+
+void UnoPellora::setRefEditInputs(const rtl::OUString& address) {
+  RunForCallers([&] { Object().RefEditInputs(Narrow(address)); });
+}
+
+uno::Any UnoPellora::getExcelApplication() { return uno::Any(getObjExcelApplication()); }
+
+void UnoPellora::setExcelApplication(const uno::Any& application) {
+  RunForCallers([&] { Object().ExcelApplication(FromAny(application, m_context)); });
+}
+
+sal_Bool UnoPellora::CreateNewProject(sal_Int16& AskPrice, sal_Int16& AskSize, sal_Int16& BidPrice, sal_Int16& BidSize,
+                                      sal_Int16& ClosePrice, sal_Int16& HighTick, sal_Int16& LastPrice,
+                                      sal_Int16& LastSize, sal_Int16& LowTick, sal_Int16& Volume) {
+  sal_Int16* const variables[] = {&AskPrice, &AskSize,   &BidPrice, &BidSize, &ClosePrice,
+                                  &HighTick, &LastPrice, &LastSize, &LowTick, &Volume};
+  return RunForCallers([&] {
+    QuoteFields fields;
+    for (std::size_t i = 0; i < std::size(kFields); ++i) fields.*kFields[i] = *variables[i];
+    const bool answer = Object().CreateNewProject(fields);
+    for (std::size_t i = 0; answer && i < std::size(kFields); ++i) *variables[i] = fields.*kFields[i];
+    return answer;
+  });
+}
+
+sal_Int16 UnoPellora::AddNewSymbol(rtl::OUString& Symbol, rtl::OUString& TypeSymbol, rtl::OUString& Expiry,
+                                   double& Strike, rtl::OUString& Right, double& Multiplier, rtl::OUString& Exchange,
+                                   rtl::OUString& PrimaryExchange, rtl::OUString& TypeCurrency,
+                                   sal_Int16& ComTypeListIndex) {
+  rtl::OUString* const variables[] = {&Symbol,   &TypeSymbol,      &Expiry,      &Right,
+                                      &Exchange, &PrimaryExchange, &TypeCurrency};
+  return RunForCallers([&] {
+    ContractRecord contract;
+    for (std::size_t i = 0; i < std::size(kTexts); ++i) contract.*kTexts[i].text = Narrow(*variables[i]);
+    contract.Strike = Strike;
+    contract.Multiplier = Multiplier;
+    contract.ComTypeListIndex = ComTypeListIndex;
+    const sal_Int16 outcome = Object().AddNewSymbol(contract);
+    for (std::size_t i = 0; i < std::size(kTexts); ++i) *variables[i] = Wide(contract.*kTexts[i].text);
+    Strike = contract.Strike;
+    Multiplier = contract.Multiplier;
+    ComTypeListIndex = contract.ComTypeListIndex;
+    return outcome;
+  });
+}
+
+rtl::OUString UnoPellora::ShowRefEditInterface() {
+  return RunForCallers([&] { return Wide(Object().ShowRefEditInterface()); });
+}
+
+void UnoPellora::UnloadfrmMaster() {
+  RunForCallers([&] { Object().UnloadfrmMaster(); });
+}
+
+sal_Int32 UnoPellora::getErrNumber() { return m_last.Number(); }
+rtl::OUString UnoPellora::getErrSource() { return Wide(m_last.Source()); }
+rtl::OUString UnoPellora::getErrDescription() { return Wide(m_last.Description()); }
+
+}  // namespace pellora::libreoffice
