@@ -17,7 +17,7 @@ start_office() {
   launch_office "$@"
 }
 
-# prepare_office NAME EXTENSION [TRUSTED_FOLDER]: makes the profile build/office/NAME anew, with the extension in it and
+# prepare_office NAME TRUSTED_FOLDER EXTENSION...: makes the profile build/office/NAME anew, with the extensions in it and
 # with macros allowed for workbooks in the folder. To be followed by launch_office.
 prepare_office() {
   local status=0

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
-"""Fits out the profile of a running office program and ends the program: office_profile.py PIPE EXTENSION [FOLDER]
+"""Fits out the profile of a running office program and ends the program: office_profile.py PIPE FOLDER EXTENSION...
 
-Adds the extension, allows the macros of workbooks in the folder, and takes away what would come up at a first start.
+Adds the extensions, allows the macros of workbooks in the folder, and takes away what would come up at a first start.
 The program's own command for extensions refuses root; here root and others do the same, in this one profile.
 """
 
@@ -39,16 +39,16 @@ def set_values(context, node, **values):
     access.commitChanges()
 
 
-def main(pipe, extension, folder=None):
+def main(pipe, folder, *extensions):
     context = office(pipe)
     # No tip of the day, no word on what is new.
     set_values(context, "/org.openoffice.Office.Common/Misc", ShowTipOfTheDay=False, FirstRun=False)
     set_values(context, "/org.openoffice.Setup/Product", ooSetupLastVersion="99.0")
-    if folder:
-        trusted = uno.Any("[]string", (Path(folder).resolve().as_uri(),))
-        set_values(context, "/org.openoffice.Office.Common/Security/Scripting", SecureURL=trusted)
+    trusted = uno.Any("[]string", (Path(folder).resolve().as_uri(),))
+    set_values(context, "/org.openoffice.Office.Common/Security/Scripting", SecureURL=trusted)
     manager = context.getValueByName("/singletons/com.sun.star.deployment.ExtensionManager")
-    manager.addExtension(Path(extension).resolve().as_uri(), (), "user", manager.createAbortChannel(), Quiet())
+    for extension in extensions:
+        manager.addExtension(Path(extension).resolve().as_uri(), (), "user", manager.createAbortChannel(), Quiet())
     desktop = context.ServiceManager.createInstanceWithContext("com.sun.star.frame.Desktop", context)
     desktop.terminate()
 

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
-"""Makes the sample workbooks with macros in a running office program: office_samples.py PIPE FOLDER
+"""Makes the sample workbooks with macros in a running office program: office_samples.py PIPE MODULE FOLDER
 
-Reads quotes.xlsx and Pellora.bas of the folder, writes Pellora.ods and Pellora.xlsm beside them.
+Puts the module into quotes.xlsx of the folder and writes Pellora.ods and Pellora.xlsm beside it.
 """
 
 import sys
@@ -11,10 +11,11 @@ import uno
 from com.sun.star.awt import Point, Size
 from com.sun.star.script import ModuleInfo, ScriptEventDescriptor
 from com.sun.star.script.ModuleType import DOCUMENT, NORMAL
+from macros_extension import COMMANDS, MODULE, address, module_text
 from office_tests import office
 
 # The library of Excel's own name: so the macros have the same full names in both files.
-LIBRARY, MODULE = "VBAProject", "PelloraDialogs"
+LIBRARY = "VBAProject"
 VBA = "Option VBASupport 1\n"
 
 RELEASE = f"""Private Sub Workbook_BeforeClose(Cancel As Boolean)
@@ -22,22 +23,9 @@ RELEASE = f"""Private Sub Workbook_BeforeClose(Cancel As Boolean)
 End Sub
 """
 
-# What the buttons say, and the macro that each starts.
-BUTTONS = [
-    ("Choose fields...", "ChooseQuoteFields"),
-    ("Add instruments...", "AddInstruments"),
-    ("Set up tapes...", "SetUpTapes"),
-    ("Let the library go", "ReleasePellora"),
-]
 SHEET = "Desk"
 # In hundredths of a millimetre.
 ROW_HEIGHT, BUTTON, GAP, LEFT, TOP = 1000, Size(3600, 800), 200, 300, 100
-
-
-def module_text(path):
-    """A module's lines as a workbook keeps them: its name is not among them, as when Excel imports the file."""
-    text = path.read_text(encoding="ascii")
-    return "".join(line for line in text.splitlines(keepends=True) if not line.startswith("Attribute VB_Name"))
 
 
 def put_modules(document, text):
@@ -48,10 +36,12 @@ def put_modules(document, text):
     library = libraries.createLibrary(LIBRARY)
     sheets = [f"Sheet{number + 1}" for number in range(document.Sheets.Count)]
     for name, kind, content in (
-        [("ThisWorkbook", DOCUMENT, RELEASE)] + [(name, DOCUMENT, "") for name in sheets] + [(MODULE, NORMAL, text)]
+        [("ThisWorkbook", DOCUMENT, VBA + RELEASE)]
+        + [(name, DOCUMENT, VBA) for name in sheets]
+        + [(MODULE, NORMAL, text)]
     ):
         library.insertModuleInfo(name, ModuleInfo(None, kind))
-        library.insertByName(name, VBA + content)
+        library.insertByName(name, content)
 
 
 def put_buttons(document):
@@ -61,7 +51,7 @@ def put_buttons(document):
     form = document.createInstance("com.sun.star.form.component.Form")
     form.Name = "Pellora"
     page.Forms.insertByIndex(0, form)
-    for number, (label, macro) in enumerate(BUTTONS):
+    for number, (label, macro) in enumerate(COMMANDS):
         button = document.createInstance("com.sun.star.form.component.CommandButton")
         button.Name, button.Label, button.FocusOnClick = macro, label, False
         shape = document.createInstance("com.sun.star.drawing.ControlShape")
@@ -70,7 +60,7 @@ def put_buttons(document):
         shape.setControl(button)
         form.insertByIndex(number, button)
         page.add(shape)
-        script = f"vnd.sun.star.script:{LIBRARY}.{MODULE}.{macro}?language=Basic&location=document"
+        script = address(LIBRARY, macro, "document")
         form.registerScriptEvent(number, ScriptEventDescriptor("XActionListener", "actionPerformed", "", "Script", script))
 
 
@@ -78,12 +68,12 @@ def value(name, content):
     return uno.createUnoStruct("com.sun.star.beans.PropertyValue", Name=name, Value=content)
 
 
-def main(pipe, folder):
-    folder = Path(folder)
+def main(pipe, module, folder):
+    folder = Path(folder).resolve()
     context = office(pipe)
     desktop = context.ServiceManager.createInstanceWithContext("com.sun.star.frame.Desktop", context)
     document = desktop.loadComponentFromURL((folder / "quotes.xlsx").as_uri(), "_blank", 0, ())
-    put_modules(document, module_text(folder / "Pellora.bas"))
+    put_modules(document, module_text(module))
     put_buttons(document)
     document.CurrentController.ActiveSheet = document.Sheets.getByName(SHEET)
     for name, format in (("Pellora.ods", "calc8"), ("Pellora.xlsm", "Calc MS Excel 2007 VBA XML")):
