@@ -51,11 +51,11 @@ Public Sub ChooseQuoteFields()
     On Error GoTo Failed
     If Library.CreateNewProject(wanted(0), wanted(1), wanted(2), wanted(3), wanted(4), wanted(5), wanted(6), _
             wanted(7), wanted(8), wanted(9)) Then
-        MsgBox "Chosen: " & ChosenFields(wanted)
+        MsgBox "Chosen: " & ChosenFields(wanted), vbInformation, "Quote workbook"
     End If
     Exit Sub
 Failed:
-    MsgBox FailureText(Err.Number, Err.Source, Err.Description), vbExclamation
+    MsgBox FailureText(Err.Number, Err.Source, Err.Description), vbExclamation, "Quote workbook"
 End Sub
 
 ' Asks for instruments until the user is finished: 1 is insert, 4 insert and ask again, 2 cancelled.
@@ -75,7 +75,7 @@ Public Sub AddInstruments()
     Loop While answer = 4
     Exit Sub
 Failed:
-    MsgBox FailureText(Err.Number, Err.Source, Err.Description), vbExclamation
+    MsgBox FailureText(Err.Number, Err.Source, Err.Description), vbExclamation, "Quote workbook"
 End Sub
 
 ' Shows the ticker tape dialog until it is finished. When it wants a place to be picked it steps aside and answers
@@ -89,7 +89,7 @@ Public Sub SetUpTapes()
     Loop
     Exit Sub
 Failed:
-    MsgBox FailureText(Err.Number, Err.Source, Err.Description), vbExclamation
+    MsgBox FailureText(Err.Number, Err.Source, Err.Description), vbExclamation, "Quote workbook"
 End Sub
 
 ' Lets the ticker tape dialog and the library go. The next call starts anew.

@@ -6,6 +6,7 @@ the windows through the program's own accessible objects instead of a probe.
 """
 
 import pathlib
+import subprocess
 import sys
 
 import uno
@@ -136,11 +137,28 @@ class OfficePlayer(Player):
             for index in range(entries.getAccessibleChildCount())
         ]
 
+    def whole_picture(self, path):
+        """Saves what the display shows."""
+        self._xdotool("mousemove", 1, 1)
+        width, height = subprocess.run(
+            ["xdotool", "getdisplaygeometry"], check=True, stdout=subprocess.PIPE, text=True
+        ).stdout.split()
+        self._settled(f"{width}x{height}+0+0")
+        subprocess.run(["import", "-window", "root", str(path)], check=True)
+
     # Doing
 
     def press(self, window, caption):
-        """Presses a button by its access key, where the program gives it one; else with the mouse."""
+        """Presses a button with the mouse: what access key it has the program does not tell."""
         self.click(self.again(window).button(caption))
+
+    def drag(self, start, end):
+        """Drags the mouse from one place to another, on the way in small steps."""
+        self._xdotool("mousemove", *start, "mousedown", 1)
+        for part in range(1, 9):
+            place = [a + (b - a) * part // 8 for a, b in zip(start, end)]
+            self._xdotool("mousemove", *place, "sleep", 0.02)
+        self._xdotool("mouseup", 1)
 
 
 def main():
