@@ -1,6 +1,5 @@
 #include "platform/libreoffice/uno/UnoObject.h"
 
-#include "core/Convert.h"
 #include "platform/libreoffice/uno/Documents.h"
 #include "platform/libreoffice/uno/Failure.h"
 #include "platform/libreoffice/uno/UnoDispatch.h"
@@ -17,7 +16,7 @@ namespace {
 using Shown = std::shared_ptr<UnoDispatch>;
 
 Shown Member(const Shown& object, std::string_view name, std::span<const Variant> arguments = {}) {
-  return std::dynamic_pointer_cast<UnoDispatch>(ToObject(object->Plain(name, CallKind::Get, arguments)));
+  return std::dynamic_pointer_cast<UnoDispatch>(ObjectIn(object->Plain(name, CallKind::Get, arguments)));
 }
 
 // The document that an application handed in by a macro belongs to: the macro's own, or else the active one. Once it is
