@@ -46,6 +46,8 @@ class UnoFormPeer : public FormPeer {
 
   // For the peers of the controls.
   const Window& GetWindow() const { return m_window; }
+  /// Where the inside of the window begins on the screen.
+  Point Corner() const;
   uno::Reference<awt::XToolkit> GetToolkit() const { return m_toolkit; }
   const uno::Reference<uno::XComponentContext>& GetContext() const { return m_context; }
   const Fonts& GetFonts() const { return *m_fonts; }
@@ -89,6 +91,7 @@ class UnoFormPeer : public FormPeer {
   void LayOut();
   bool GainsByRoom() const;
   Rect PlaceOver() const;
+  Rect WorkArea() const;
   void PlaceByDefault();
   void FitToContent();
   Rect Reachable(const Rect& outer) const;
@@ -116,6 +119,7 @@ class UnoFormPeer : public FormPeer {
   uno::Reference<uno::XComponentContext> m_context;
   uno::Reference<awt::XToolkit> m_toolkit;
   rtl::Reference<FormEar> m_ear;
+  uno::Reference<awt::XWindowPeer> m_over;
   Window m_window;
   uno::Reference<awt::XDialog2> m_dialog;
   uno::Reference<awt::XExtendedToolkit> m_keyboard;

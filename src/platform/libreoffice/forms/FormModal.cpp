@@ -9,7 +9,7 @@ void UnoFormPeer::ShowModal() {
   m_ended = false;
   if (m_window) {
     FitToContent();
-    const OthersDisabled others(m_context, WindowToBeOver(m_context));
+    const OthersDisabled others(m_context, m_over);
     const ModalScope innermost(this);
     m_running = true;
     Run();

@@ -41,6 +41,12 @@ uno::Reference<awt::XWindowPeer> WindowToBeOver(const uno::Reference<uno::XCompo
   return window;
 }
 
+Point CornerOf(const uno::Reference<awt::XWindowPeer>& window) {
+  for (const auto* form : Showing())
+    if (form && window.is() && form->GetWindow().Peer() == window) return form->Corner();
+  return OnScreen(window);
+}
+
 UnoFormPeer* InnermostForm() { return Showing().empty() ? nullptr : Showing().back(); }
 
 ModalScope::ModalScope(UnoFormPeer* form) { Showing().push_back(form); }
