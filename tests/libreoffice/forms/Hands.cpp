@@ -118,7 +118,7 @@ void Hands::Click(const Control& control) const {
   Click(control, {static_cast<int>(at.Width / 2), static_cast<int>(at.Height / 2)});
 }
 
-void Hands::CloseWindow(const std::string& title) const { RunProgram("xdotool windowquit " + WindowTitled(title)); }
+void Hands::CloseWindow() const { Press("alt+F4"); }
 
 std::string Hands::WindowTitled(const std::string& title) const {
   for (int attempt = 0; attempt < 100; ++attempt) {

@@ -60,7 +60,7 @@ TEST_F(Modal, AFormCanBeShownAgain) {
 TEST_F(Modal, ClosingTheWindowUnloadsTheFormByTheUser) {
   Show(form, [&](Hands& hands) {
     EXPECT_TRUE(hands.FormIsUp());
-    hands.CloseWindow("Sample");
+    hands.CloseWindow();
     EXPECT_TRUE(hands.Until([&] { return !form.Shown(); }));
   });
   EXPECT_EQ(form.closeMode, kUnloadByUser);
@@ -71,7 +71,7 @@ TEST_F(Modal, AFormThatIsNotToBeClosedComesUpAgain) {
   form.refusals = 1;
   Show(form, [&](Hands& hands) {
     EXPECT_TRUE(hands.FormIsUp());
-    hands.CloseWindow("Sample");
+    hands.CloseWindow();
     EXPECT_TRUE(hands.Until([&] { return form.closeMode == kUnloadByUser; }));
     EXPECT_TRUE(hands.FormIsUp());
     EXPECT_TRUE(form.Shown());
@@ -167,11 +167,14 @@ TEST_F(Modal, OtherDocumentsCannotBeUsedMeanwhileAndCanAfterwards) {
 }
 
 TEST_F(Modal, AFormEndsWithTheDocumentItBelongsTo) {
-  const auto document = NewDocument();
+  const uno::Reference<com::sun::star::frame::XModel> document(NewDocument(), uno::UNO_QUERY_THROW);
+  const auto frame = document->getCurrentController()->getFrame();
   SampleForm over(toolkit);
+  frame->activate();
   Show(over, [&](Hands& hands) {
     EXPECT_TRUE(hands.FormIsUp());
-    OnMainThread([&] { document->close(true); });
+    // The program itself refuses to close a document with a dialog over it; taking its window away it does not.
+    OnMainThread([&] { frame->dispose(); });
     EXPECT_TRUE(hands.Until([&] { return !over.Shown(); }));
   });
   EXPECT_EQ(over.closeMode, kUnloadByUser);

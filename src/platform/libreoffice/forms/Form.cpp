@@ -108,6 +108,7 @@ void UnoFormPeer::RequestLayout() {
 
 void UnoFormPeer::CatchUp() {
   if (m_running && !m_up && !m_ended) ComeUp();
+  if (m_resumes && InnermostForm() == this) Activated();
   if (std::exchange(m_layoutAsked, false) && m_window) FitToContent();
 }
 

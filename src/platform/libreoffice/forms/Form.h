@@ -71,6 +71,8 @@ class UnoFormPeer : public FormPeer {
   void OnDisposing(const lang::EventObject& source);
   /// Does what had to wait until the toolkit had finished with an event.
   void CatchUp();
+  /// What was over the form is gone: it becomes the active window again.
+  void Resume();
 
  private:
   // Life
@@ -103,6 +105,7 @@ class UnoFormPeer : public FormPeer {
   void Run();
   bool Execute();
   void ComeUp();
+  void Activated();
 
   // Keyboard
   // The form decides about keys, not the toolkit: the order of tabs, access keys on pages and frames and what hears a
@@ -134,6 +137,7 @@ class UnoFormPeer : public FormPeer {
   bool m_up = false;
   bool m_active = false;
   bool m_closeRefused = false;
+  bool m_resumes = false;
   bool m_layoutAsked = false;
 };
 

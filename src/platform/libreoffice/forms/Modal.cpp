@@ -51,7 +51,10 @@ UnoFormPeer* InnermostForm() { return Showing().empty() ? nullptr : Showing().ba
 
 ModalScope::ModalScope(UnoFormPeer* form) { Showing().push_back(form); }
 
-ModalScope::~ModalScope() { Showing().pop_back(); }
+ModalScope::~ModalScope() {
+  Showing().pop_back();
+  if (auto* form = InnermostForm()) form->Resume();
+}
 
 OthersDisabled::OthersDisabled(const uno::Reference<uno::XComponentContext>& context,
                                const uno::Reference<awt::XWindowPeer>& over) {
