@@ -159,7 +159,7 @@ class Macros:
             libraries.createLibrary("Standard")
         library = libraries.getByName("Standard")
         library.insertByName("Plain", handled(MACROS))
-        library.insertByName("Vba", "Option VBASupport 1\n" + handled(MACROS))
+        library.insertByName("Vba", "Option VBASupport 1\n" + handled(MACROS).replace("Err &", "Err.Number &"))
 
     def run(self, name, *arguments):
         address = f"vnd.sun.star.script:Standard.{name}?language=Basic&location=document"
@@ -235,14 +235,14 @@ def test_dialog(program):
         return outcome
 
     def confirm():
-        press(control(program, "Volume"))
+        press(control(program, "Check all"))
         press(control(program, "Create project"))
 
     def refuse_to_end():
         control(program, "Cancel")
         check("the program does not end while a dialog is open", lambda: (program.desktop.terminate(), False))
         press(control(program, "Cancel"))
-    check("a confirmed dialog writes the variables", lambda: (during(confirm), ["True Integer0 1"]))
+    check("a confirmed dialog writes the variables", lambda: (during(confirm), ["True Integer1 1"]))
     check("a cancelled dialog leaves them alone", lambda: (during(refuse_to_end), ["False Empty 0"]))
     macros.close()
 
