@@ -11,6 +11,7 @@
 #include "support/mGlobal.h"
 #include "tape/frmAddRibbon.h"
 #include "tests/tape/WorkbookBuilder.h"
+#include "workbook/Host.h"
 
 namespace pellora::bench {
 namespace {
@@ -35,7 +36,7 @@ class Bench : public TapeOwner {
     mGlobal::ErrorHandler = std::make_shared<CErrorHandler>();
     mGlobal::ErrorHandler->Init(actions::Dialog, "Error Log.txt", true, false, 2, "Tracing Log.txt");
     m_settings->Init("CORVANE", "Vantix");
-    test::WorkbookBuilder(m_host).Instruments(instruments).Tapes(tapes);
+    test::WorkbookBuilder(test::Book(m_host.Application())).Instruments(instruments).Tapes(tapes);
     m_dialog.Owner(this);
     m_dialog.AppSettings(m_settings);
   }

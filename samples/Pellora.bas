@@ -1,7 +1,8 @@
 Attribute VB_Name = "PelloraDialogs"
 Option Explicit
 
-' The dialogs of a quote workbook, for its macros. Import this module (File, Import File...) and call, from buttons or
+' The dialogs of a quote workbook, for its macros. The same module serves in Excel (File, Import File...) and in
+' LibreOffice (below a line "Option VBASupport 1", in the workbook or in a library of "My Macros"). Call, from buttons or
 ' from macros of your own:
 '
 '   ChooseQuoteFields    the quote fields of a new project
@@ -9,7 +10,8 @@ Option Explicit
 '   SetUpTapes           ticker tapes, their places picked with the mouse when wanted
 '   ReleasePellora       lets the library go; Workbook_BeforeClose is the place to call it
 '
-' Everything here is late-bound: the workbook opens on every machine, also where the library is not installed. With a
+' Everything here is late-bound: the workbook opens on every machine, also where the library is not installed. Excel
+' leaves out what is between #If Not VBA6 and #End If; LibreOffice takes no notice of these two lines. In Excel, with a
 ' reference to "Vantix user interface library" (Tools, References...) the same is early-bound, with completion while you
 ' type:
 '
@@ -20,13 +22,27 @@ Option Explicit
 
 Private mLibrary As Object
 
-' The library's one object, made on first use and told which Excel it works in.
+' How far the picking of a range in LibreOffice is, and where it ended.
+Private mPicking As Boolean
+Private mPickedRange As String
+
+' The library's one object, made on first use and told which program it works in.
 Private Function Library() As Object
     If mLibrary Is Nothing Then
         Set mLibrary = CreateObject("Pellora.cPellora")
-        Set mLibrary.ExcelApplication = Application
+        Set mLibrary.ExcelApplication = Host()
     End If
     Set Library = mLibrary
+End Function
+
+' The application object. LibreOffice knows it by name only inside a workbook: a library of "My Macros" has to ask.
+Private Function Host() As Object
+    On Error Resume Next
+    Set Host = Application
+    On Error GoTo 0
+#If Not VBA6 Then
+    Set Host = CreateUnoServiceWithArguments("ooo.vba.excel.Globals", Array(ThisComponent)).Excel
+#End If
 End Function
 
 ' Lets the user choose, and says what was chosen. A workbook would lay out its quote sheet here.
@@ -35,11 +51,11 @@ Public Sub ChooseQuoteFields()
     On Error GoTo Failed
     If Library.CreateNewProject(wanted(0), wanted(1), wanted(2), wanted(3), wanted(4), wanted(5), wanted(6), _
             wanted(7), wanted(8), wanted(9)) Then
-        MsgBox "Chosen: " & ChosenFields(wanted)
+        MsgBox "Chosen: " & ChosenFields(wanted), vbInformation, "Quote workbook"
     End If
     Exit Sub
 Failed:
-    MsgBox FailureText(Err.Number, Err.Source, Err.Description), vbExclamation
+    MsgBox FailureText(Err.Number, Err.Source, Err.Description), vbExclamation, "Quote workbook"
 End Sub
 
 ' Asks for instruments until the user is finished: 1 is insert, 4 insert and ask again, 2 cancelled.
@@ -59,7 +75,7 @@ Public Sub AddInstruments()
     Loop While answer = 4
     Exit Sub
 Failed:
-    MsgBox FailureText(Err.Number, Err.Source, Err.Description), vbExclamation
+    MsgBox FailureText(Err.Number, Err.Source, Err.Description), vbExclamation, "Quote workbook"
 End Sub
 
 ' Shows the ticker tape dialog until it is finished. When it wants a place to be picked it steps aside and answers
@@ -73,7 +89,7 @@ Public Sub SetUpTapes()
     Loop
     Exit Sub
 Failed:
-    MsgBox FailureText(Err.Number, Err.Source, Err.Description), vbExclamation
+    MsgBox FailureText(Err.Number, Err.Source, Err.Description), vbExclamation, "Quote workbook"
 End Sub
 
 ' Lets the ticker tape dialog and the library go. The next call starts anew.
@@ -86,11 +102,66 @@ End Sub
 ' The range that the user picks in the workbook, as the dialog wants it; nothing when the user cancels.
 Private Function PickedPlace() As String
     Dim picked As Object
+#If Not VBA6 Then
+    PickedPlace = PlaceOfRange(PickedRange("Ticker tape"))
+    Exit Function
+#End If
     ' Cancelled, InputBox answers False, which is no object.
     On Error Resume Next
     Set picked = Application.InputBox("Where shall the ticker tape begin?", "Ticker tape", Type:=8)
     On Error GoTo 0
     If Not picked Is Nothing Then PickedPlace = SheetAddress(picked.Worksheet.Name, picked.Address)
+End Function
+
+' LibreOffice's application object has no InputBox; the window of a workbook lets the user pick a range instead, and
+' tells a listener.
+#If Not VBA6 Then
+Private Function PickedRange(title As String) As String
+    Dim window As Object, listener As Object
+    Set window = ThisComponent.CurrentController
+    Set listener = CreateUnoListener("RangePicking_", "com.sun.star.sheet.XRangeSelectionListener")
+    mPickedRange = ""
+    mPicking = True
+    window.addRangeSelectionListener listener
+    window.startRangeSelection Array(Named("Title", title), Named("CloseOnMouseRelease", True))
+    ' The listener's routines below are called meanwhile.
+    Do While mPicking
+        Wait 20
+    Loop
+    On Error Resume Next
+    window.removeRangeSelectionListener listener
+    PickedRange = mPickedRange
+End Function
+
+Private Function Named(name As String, value As Variant) As Object
+    Set Named = CreateUnoStruct("com.sun.star.beans.PropertyValue")
+    Named.Name = name
+    Named.Value = value
+End Function
+
+Public Sub RangePicking_done(outcome As Object)
+    mPickedRange = outcome.RangeDescriptor
+    mPicking = False
+End Sub
+
+Public Sub RangePicking_aborted(outcome As Object)
+    mPicking = False
+End Sub
+
+' The window was closed while the user was to pick.
+Public Sub RangePicking_disposing(source As Object)
+    mPicking = False
+End Sub
+#End If
+
+' The place of a range as LibreOffice writes it, such as $Desk.$B$3:$D$22 or $'My Sheet'.$B$3.
+Public Function PlaceOfRange(range As String) As String
+    Dim dot As Integer, sheetName As String
+    dot = InStrRev(range, ".")
+    If dot = 0 Then Exit Function
+    sheetName = Replace(Left(range, dot - 1), "$", "", 1, 1)
+    If Left(sheetName, 1) = "'" Then sheetName = Replace(Mid(sheetName, 2, Len(sheetName) - 2), "''", "'")
+    PlaceOfRange = SheetAddress(sheetName, Mid(range, dot + 1))
 End Function
 
 ' Writes the nine cells of a contract below the last instrument of the active workbook.
@@ -142,6 +213,8 @@ Public Function FailureText(number As Long, source As String, description As Str
     Select Case number
         Case 429
             FailureText = "The dialogs are not installed for this Excel. Run install.cmd, then check.cmd."
+        Case 323
+            FailureText = "The dialogs are not installed for this LibreOffice. Add Pellora.oxt and start it again."
         Case -2147221404
             FailureText = "The dialog could not do its work, or another one is still open. (" & source & ")"
         Case Else

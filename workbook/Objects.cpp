@@ -1,5 +1,6 @@
 #include "workbook/Objects.h"
 
+#include <algorithm>
 #include <array>
 
 #include "workbook/RangeObject.h"
@@ -17,14 +18,43 @@ Variant SheetsMember(const StatePtr& state, const Arguments& a) {
   return WrapWorksheet(state, FindSheet(*state, a.At(0)));
 }
 
-Variant AddSheet(const StatePtr& state, std::string name) {
+// The new sheet becomes the active one.
+Variant AddSheet(const StatePtr& state, std::string name, std::size_t position) {
   Document& document = state->document;
   for (int number = 1; name.empty(); ++number)
     if (!document.FindSheet("Sheet" + std::to_string(number))) name = "Sheet" + std::to_string(number);
   if (document.FindSheet(name)) Refuse("That name is already taken. Try a different one.");
   document.AddSheet(name);
-  document.active = document.sheets.size() - 1;
-  return WrapWorksheet(state, document.sheets.back());
+  auto& sheets = document.sheets;
+  std::rotate(sheets.begin() + static_cast<std::ptrdiff_t>(position), sheets.end() - 1, sheets.end());
+  document.active = position;
+  return WrapWorksheet(state, sheets[position]);
+}
+
+std::size_t PlaceOf(const Variant& sheet) {
+  const auto found = sheet.Is(Variant::Type::Object) ? std::dynamic_pointer_cast<WorksheetObject>(sheet.Object())
+                                                     : std::shared_ptr<WorksheetObject>();
+  if (!found) throw Error(errors::TypeMismatch);
+  return found->state().IndexOf(*found->sheet());
+}
+
+// `Add` of the sheets: before a sheet, after one, or before the active one.
+Variant AddSheetBeside(WorksheetsObject& sheets, const Arguments& a) {
+  if (a.Has(0) && a.Has(1)) Refuse();
+  const std::size_t place = a.Has(0)   ? PlaceOf(a.At(0))
+                            : a.Has(1) ? PlaceOf(a.At(1)) + 1
+                                       : sheets.state().document.active;
+  return AddSheet(sheets.statePtr(), "", place);
+}
+
+// The one that takes the place of an active sheet becomes active.
+void Delete(Host::State& state, const Sheet& sheet) {
+  Document& document = state.document;
+  if (document.sheets.size() == 1) Refuse("A workbook must contain at least one visible worksheet.");
+  const std::size_t index = state.IndexOf(sheet);
+  state.selections.erase(&sheet);
+  document.sheets.erase(document.sheets.begin() + static_cast<std::ptrdiff_t>(index));
+  if (document.active > index || document.active == document.sheets.size()) --document.active;
 }
 
 void Rename(Host::State& state, Sheet& sheet, const std::string& name) {
@@ -71,6 +101,8 @@ constexpr std::array kApplication = {
     Member<App>{"Sheets", 0, 1, [](App& o, A a) { return SheetsMember(o.statePtr(), a); }},
     Member<App>{"ScreenUpdating", 0, 0, [](App& o, A) { return Variant(o.state().screenUpdating); },
                 [](App& o, A a) { o.state().screenUpdating = ToBoolean(a.Last()); }},
+    Member<App>{"DisplayAlerts", 0, 0, [](App& o, A) { return Variant(o.state().displayAlerts); },
+                [](App& o, A a) { o.state().displayAlerts = ToBoolean(a.Last()); }},
     Member<App>{"Selection", 0, 0, [](App& o, A) { return Selected(o.statePtr()); }},
     Member<App>{"Name", 0, 0, [](App&, A) { return Variant("Pellora embedded workbook"); }},
     Member<App>{"Application", 0, 0, [](App& o, A) { return WrapApplication(o.statePtr()); }},
@@ -86,7 +118,10 @@ constexpr std::array kApplication = {
                   o.state().callsByMember.clear();
                   return Variant();
                 }},
-    Member<App>{"AddWorksheet", 0, 1, [](App& o, A a) { return AddSheet(o.statePtr(), a.Has(0) ? a.Text(0) : ""); }},
+    Member<App>{"AddWorksheet", 0, 1, 
+                [](App& o, A a) {
+                  return AddSheet(o.statePtr(), a.Has(0) ? a.Text(0) : "", o.state().document.sheets.size());
+                }},
 };
 
 using Book = WorkbookObject;
@@ -118,7 +153,7 @@ constexpr std::array kWorksheets = {
     Member<Sheets>{"_Default", 1, 1, [](Sheets& o, A a) { return SheetsMember(o.statePtr(), a); }},
     Member<Sheets>{"Count", 0, 0,
                    [](Sheets& o, A) { return Variant(static_cast<std::int32_t>(o.state().document.sheets.size())); }},
-    Member<Sheets>{"Add", 0, 0, [](Sheets& o, A) { return AddSheet(o.statePtr(), ""); }},
+    Member<Sheets>{"Add", 0, 2, &AddSheetBeside},
     Member<Sheets>{"Application", 0, 0, [](Sheets& o, A) { return WrapApplication(o.statePtr()); }},
     Member<Sheets>{"Parent", 0, 0, [](Sheets& o, A) { return WrapWorkbook(o.statePtr()); }},
 };
@@ -135,6 +170,7 @@ constexpr std::array kWorksheet = {
                 [](One& o, A a) { Rename(o.state(), *o.sheet(), ToText(a.Last())); }},
     Member<One>{"Select", 0, 1, &ActivateSheet},
     Member<One>{"Activate", 0, 0, &ActivateSheet},
+    Member<One>{"Delete", 0, 0, [](One& o, A) { return Delete(o.state(), *o.sheet()), Variant(true); }},
     Member<One>{"Range", 1, 2, [](One& o, A a) { return RangeFrom(o.statePtr(), o.sheet(), a, true); }},
     Member<One>{"Cells", 0, 2, [](One& o, A a) { return CellsOf(*WholeSheet(o.statePtr(), o.sheet()), a); }},
     Member<One>{"Columns", 0, 1,

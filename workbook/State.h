@@ -20,6 +20,8 @@ struct Host::State : std::enable_shared_from_this<Host::State> {
   /// Where the workbook was opened from or last saved to; empty for a new one.
   std::string path;
   bool screenUpdating = true;
+  /// Kept only: nothing is ever asked.
+  bool displayAlerts = true;
   /// What is selected on each sheet; "A1" where nothing was.
   std::map<const Sheet*, std::vector<Area>> selections;
 

@@ -13,11 +13,15 @@ QUOTES, SETTINGS = "TWS_Quotes", "Ticker_tape_settings"
 KINDS = ["STK", "OPT", "FUT", "IND", "FOP", "CASH"]
 
 
-def target(path):
-    others = [name for name in Workbook(path).sheets if name not in (QUOTES, SETTINGS)]
+def target_among(sheets):
+    others = [name for name in sheets if name not in (QUOTES, SETTINGS)]
     # A plain name: the play types it.
     plain = [name for name in others if re.fullmatch(r"[A-Za-z_]\w*", name, re.ASCII)]
-    print((plain or [QUOTES])[0])
+    return (plain or [QUOTES])[0]
+
+
+def target(path):
+    print(target_among(Workbook(path).sheets))
 
 
 def place_of(refers_to):

@@ -161,11 +161,15 @@ class Play:
         player.waiting(dialog, "the choice", lambda w: w.button("ask price").checked)
         player.click(dialog.button("..."))
         player.gone(dialog)
+        self.pick()
         dialog = player.wait(TAPE)
         dialog = player.waiting(dialog, "the picked location", lambda w: w.box(2).text.startswith(f"{self.target}!K30"))
         self.picture(dialog, "tape-picked")
         player.press(dialog, "Insert >>")
         player.gone(dialog)
+
+    def pick(self):
+        """The user's part while the dialog is away; here the macro's side hands the place in."""
 
     def look(self):
         dialog = self.player.wait(TAPE)

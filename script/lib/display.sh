@@ -20,3 +20,13 @@ stop_display() {
   wait "$display_pid" 2>/dev/null || true
   display_pid=
 }
+
+# start_window_manager: frames and focus for the windows of programs that need them; stops at the end.
+start_window_manager() {
+  openbox --sm-disable >"$logs/openbox.$BASHPID.log" 2>&1 &
+  manager_pid=$!
+  at_exit "kill $manager_pid 2>/dev/null"
+  until_true 10 _display_is_managed || fail "the window manager did not start"
+}
+
+_display_is_managed() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'; }

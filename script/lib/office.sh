@@ -17,12 +17,32 @@ start_office() {
   launch_office "$@"
 }
 
+# prepare_office NAME TRUSTED_FOLDER EXTENSION...: makes the profile build/office/NAME anew, with the extensions in it and
+# with macros allowed for workbooks in the folder. To be followed by launch_office.
+prepare_office() {
+  local status=0
+  (
+    unset DISPLAY
+    start_office "$1"
+    timeout -k 5 60 "$office_python" "$root/script/lib/office_profile.py" "$office_pipe" "${@:2}" || status=$?
+    # It was asked to end; the profile is complete when it has.
+    until_true 20 _office_ended || status=1
+    stop_office
+    exit "$status"
+  ) || status=$?
+  office_profile=$root/build/office/$1
+  office_pipe=pellora-$1-$BASHPID
+  return "$status"
+}
+
+_office_ended() { ! kill -0 "$office_pid"; }
+
 # launch_office [ARGUMENT...]: starts the program once more in the same profile.
 launch_office() {
-  local windows=(--headless)
-  [[ -z ${DISPLAY:-} ]] || windows=()
   # The plain windows of the X server look and behave alike on every machine.
-  SAL_USE_VCLPLUGIN=gen setsid soffice "-env:UserInstallation=file://$office_profile" "--accept=pipe,name=$office_pipe;urp" \
+  local windows=() plugin=gen
+  [[ -n ${DISPLAY:-} ]] || windows=(--headless) plugin=svp
+  SAL_USE_VCLPLUGIN=${office_look:-$plugin} setsid soffice "-env:UserInstallation=file://$office_profile" "--accept=pipe,name=$office_pipe;urp" \
     --norestore --nologo --nofirststartwizard "${windows[@]}" "$@" </dev/null >>"$logs/office-${office_profile##*/}.log" 2>&1 &
   office_pid=$!
   at_exit "stop_office"

@@ -1,26 +1,26 @@
 #include "core/TextServices.h"
 
+#include <wchar.h>
+#include <wctype.h>
+
 #include <array>
 #include <charconv>
+#include <clocale>
 #include <cmath>
-#include <cwctype>
 #include <string>
 
 #include "core/Calendar.h"
 #include "core/Error.h"
 #include "core/Text.h"
 
-#ifndef _WIN32
-#include <wctype.h>
-#include <clocale>
-#endif
-
 namespace pellora {
 namespace {
 
 #ifdef _WIN32
 char32_t UpperPoint(char32_t point) {
-  return point < 0x10000 ? static_cast<char32_t>(std::towupper(static_cast<std::wint_t>(point))) : point;
+  // A locale object of its own: in the one that programs start with, letters beyond ASCII have no capitals.
+  static const _locale_t locale = _create_locale(LC_CTYPE, "English_United States.1252");
+  return locale && point < 0x10000 ? static_cast<char32_t>(_towupper_l(static_cast<wint_t>(point), locale)) : point;
 }
 #else
 char32_t UpperPoint(char32_t point) {

@@ -110,7 +110,8 @@ std::string ForbiddenIncludes(const std::string& folder, const Folders& allowed)
 }
 
 bool MayUseWindows(const SourceFile& file) {
-  return file.IsIn("src/platform/windows") || file.IsIn("workbook/windows") || file.IsIn("tests/windows");
+  return file.IsIn("src/platform/windows") || file.IsIn("workbook/windows") || file.IsIn("tests/windows") ||
+         file.IsIn("tests/hosts/automation");
 }
 
 bool SpeaksOfWindows(const std::string& line) {
@@ -140,6 +141,30 @@ TEST(House, APlatformDoesNotIncludeAnotherOrTheEmbeddedWorkbook) {
   }
 }
 
+// A header of a system, not of a library: "vector", "unistd.h", "sys/stat.h".
+bool IsOfTheSystem(const std::string& header) {
+  return header.find('/') == std::string::npos || header.starts_with("sys/");
+}
+
+// They are tested without the office, which has to be at hand for everything else of its platform.
+TEST(House, TheDesktopsServicesKnowTheSystemAndTheirSeamsOnly) {
+  const std::string folder = "src/platform/libreoffice/services";
+  std::string faults = ForbiddenIncludes(folder, {"core", "forms", "support", "platform/libreoffice"});
+  int files = 0;
+  for (const auto& file : Sources()) {
+    if (!file.IsIn(folder)) continue;
+    ++files;
+    for (const auto& include : OwnIncludes(file))
+      if (include.starts_with("platform/libreoffice/") && !include.starts_with("platform/libreoffice/services/"))
+        faults += file.path + " includes " + include + "\n";
+    for (const auto& line : file.lines)
+      if (const auto header = Included(line, '<', '>'); !IsOfTheSystem(header))
+        faults += file.path + " includes " + header + "\n";
+  }
+  EXPECT_EQ(faults, "");
+  EXPECT_GT(files, 0);
+}
+
 TEST(House, TheEmbeddedWorkbookIncludesTheCoreOnly) {
   std::string faults;
   for (const auto& file : Sources()) {
@@ -154,6 +179,19 @@ TEST(House, TheEmbeddedWorkbookIncludesTheCoreOnly) {
   EXPECT_EQ(faults, "");
 }
 
+TEST(House, TheTestsThatRunOnEveryHostKnowNoHost) {
+  Folders allowed = kPortable;
+  allowed.insert({"platform/headless", "tests"});
+  const std::string shared = "tests/hosts/";
+  for (const char* folder : {"tests/tape", "tests/excel"}) {
+    EXPECT_EQ(ForbiddenIncludes(folder, allowed), "");
+    for (const auto& file : Sources())
+      for (const auto& include : file.IsIn(folder) ? OwnIncludes(file) : std::vector<std::string>())
+        EXPECT_FALSE(include.starts_with(shared) && include.find('/', shared.size()) != std::string::npos)
+            << file.path << " includes " << include;
+  }
+}
+
 TEST(House, WindowsStaysInItsRooms) {
   std::string faults;
   for (const auto& file : Sources()) {
@@ -161,6 +199,20 @@ TEST(House, WindowsStaysInItsRooms) {
     for (std::size_t i = 0; i < file.lines.size(); ++i)
       if (SpeaksOfWindows(file.lines[i]))
         faults += file.path + ":" + std::to_string(i + 1) + ": " + file.lines[i] + "\n";
+  }
+  EXPECT_EQ(faults, "");
+}
+
+TEST(House, TheOfficeProgramsTypesStayInTheirRooms) {
+  std::string faults;
+  for (const auto& file : Sources()) {
+    // The services of the same platform need the system only.
+    const bool may = (file.IsIn("src/platform/libreoffice") && !file.IsIn("src/platform/libreoffice/services")) ||
+                     file.IsIn("tests/libreoffice") || file.IsIn("tests/hosts/libreoffice");
+    if (may || file.IsIn("tests/house")) continue;
+    for (const auto& line : file.lines)
+      if (line.find("com/sun/star") != std::string::npos || line.find("com::sun::star") != std::string::npos)
+        faults += file.path + ": " + line + "\n";
   }
   EXPECT_EQ(faults, "");
 }

@@ -14,13 +14,13 @@ constexpr std::string_view kNewTape = "Sheet1!H30:J39";
 void FillWorkbook(World& w) {
   auto incomplete = Stock("NOT");
   incomplete[8] = Variant();
-  WorkbookBuilder(w.host())
+  WorkbookBuilder(test::Book(w.host().Application()))
       .Instrument(Stock("XYZ"))
       .Instrument(incomplete)
       .Tape("Last", "=TWS_Quotes!$N$2", "Size", "Sheet1!A1:C9");
 }
 
-void NoInstruments(World& w) { WorkbookBuilder builder(w.host()); }
+void NoInstruments(World& w) { WorkbookBuilder builder(test::Book(w.host().Application())); }
 
 void Loaded(World& w) {
   FillWorkbook(w);

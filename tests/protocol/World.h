@@ -12,8 +12,9 @@
 #include "platform/headless/Headless.h"
 #include "project/frmNewProject.h"
 #include "support/CAppSettings.h"
-#include "tape/frmAddRibbon.h"
+#include "tests/tape/OpenRibbon.h"
 #include "tests/tape/WorkbookBuilder.h"
+#include "workbook/Document.h"
 
 namespace pellora::protocol {
 
@@ -32,52 +33,7 @@ class OpenEditor : public frmModifyList {
   using frmModifyList::OnUnload;
 };
 
-class OpenRibbon : public frmAddRibbon {
- public:
-  using frmAddRibbon::AddSymbolToSheet;
-  using frmAddRibbon::BadSymbols;
-  using frmAddRibbon::ButCancel_Click;
-  using frmAddRibbon::ButGetAddress_Click;
-  using frmAddRibbon::ButInsert_Click;
-  using frmAddRibbon::ButInsertNew_Click;
-  using frmAddRibbon::ChechAddressRange;
-  using frmAddRibbon::CheckAddres;
-  using frmAddRibbon::CheckAddressIntersect;
-  using frmAddRibbon::CheckField;
-  using frmAddRibbon::chkAddName_Click;
-  using frmAddRibbon::chkAskSize_Click;
-  using frmAddRibbon::chkBidSize_Click;
-  using frmAddRibbon::chkLastSize_Click;
-  using frmAddRibbon::ColorSelectRange;
-  using frmAddRibbon::ColumnAddress;
-  using frmAddRibbon::EnableGroup;
-  using frmAddRibbon::EnableOptionButton;
-  using frmAddRibbon::EnableSizeName;
-  using frmAddRibbon::Form_Load;
-  using frmAddRibbon::Form_QueryUnload;
-  using frmAddRibbon::frmAddRibbon;
-  using frmAddRibbon::GivMyLink;
-  using frmAddRibbon::GotoLastCell;
-  using frmAddRibbon::LoadFGChart;
-  using frmAddRibbon::LoadTable;
-  using frmAddRibbon::modifyAddress;
-  using frmAddRibbon::myIntersect;
-  using frmAddRibbon::OpredTotalOpt;
-  using frmAddRibbon::OptAskPrice_Click;
-  using frmAddRibbon::OptBidPrice_Click;
-  using frmAddRibbon::OptClose_Click;
-  using frmAddRibbon::OptHigh_Click;
-  using frmAddRibbon::OptLastPrice_Click;
-  using frmAddRibbon::OptLow_Click;
-  using frmAddRibbon::OptVolume_Click;
-  using frmAddRibbon::remove_bad_symbols;
-  using frmAddRibbon::ReturnColumnsCount;
-  using frmAddRibbon::ReturnNameSheetAndAddress;
-  using frmAddRibbon::ViewChkName;
-  using frmAddRibbon::ViewFGChart;
-  using frmAddRibbon::ViewToTable;
-  using frmAddRibbon::VSFExcel_AfterSelChange;
-};
+using test::OpenRibbon;
 
 /// Everything a routine can reach, new for every run: a platform without a screen and an embedded workbook, both under
 /// watch, the shared services, and one dialog, made by whoever asks for it first.

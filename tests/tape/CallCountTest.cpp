@@ -21,16 +21,14 @@ class Calls : public Desk {
   /// Opens the dialog on a workbook of that size, makes another row current, inserts a tape. The numbers of tapes are
   /// even, so that the new record's row is shaded each time.
   Cost Measure(int instruments, int tapes) {
-    workbook::Host other;
-    WorkbookBuilder(other).Instruments(instruments).Tapes(tapes);
-    application = other.Application();
+    Renew();
+    Workbook().Instruments(instruments).Tapes(tapes);
     NewDialog();
     Cost cost;
     cost.open = Of([&] { dialog->Load(); });
     cost.row = Of([&] { dialog->VSFExcel.Row(5); });
     dialog->txtAddress.Text("Sheet1!H3:I9");
     cost.insert = Of([&] { EXPECT_TRUE(dialog->CheckField()); });
-    application = host.Application();
     return cost;
   }
 };
@@ -50,9 +48,7 @@ TEST_F(Calls, OpeningChangingTheRowAndInsertingCostTheSameForAnyNumberOfInstrume
 }
 
 TEST_F(Calls, TheCallStackGrowsWithRowsPlusTapesNotWithTheirProduct) {
-  workbook::Host other;
-  WorkbookBuilder(other).Instruments(1000).Tapes(1000);
-  application = other.Application();
+  Workbook().Instruments(1000).Tapes(1000);
   dialog->Load();
   EXPECT_GE(Handler().CallStackDepth(), 900u * 1000u);
   EXPECT_LE(Handler().CallStackRuns(), 2u * 1000u + 10u);

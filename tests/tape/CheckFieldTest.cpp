@@ -133,20 +133,20 @@ TEST_F(CheckField, AFailureInItsOwnBodyIsReportedUnderItsNameAndInsertsNothing) 
 
 TEST_F(CheckField, ASpreadsheetThatRefusesACallInTheMiddleOfTheCheckIsReportedAndNothingIsInserted) {
   Start();
-  const auto before = Picture(host);
-  host.fail = [](std::string_view member, CallKind, std::uint64_t) { return member == "Range.Rows" ? 1004 : 0; };
+  const auto before = Picture(book);
+  witness.FailWhen() = [](std::string_view member, std::uint64_t) { return member == "Rows"; };
   platform.user().ExpectErrorDialog("btnAbort");
   platform.user().ExpectMessage("Error: 'Tape location'  = 'Sheet1!B3:C9'. The range must be row>=3 and Column>=2");
   EXPECT_FALSE(Check("Sheet1!B3:C9"));
-  host.fail = {};
+  witness.FailWhen() = {};
   EXPECT_EQ(ReportedRoutines(), (std::vector<std::string>{"ChechAddressRange"}));
-  EXPECT_EQ(Picture(host), before);
+  EXPECT_EQ(Picture(book), before);
   EXPECT_EQ(dialog->txtAddress.Text(), "Sheet1!B3:C9");
 }
 
 TEST_F(CheckField, AWriterThatWasAbortedStillCountsAsInsertedByIntention) {
   Start();
-  std::erase_if(host.document().sheets, [](const auto& sheet) { return sheet->name == "Ticker_tape_settings"; });
+  book.DeleteSheet("Ticker_tape_settings");
   platform.user().ExpectErrorDialog("btnAbort");
   EXPECT_TRUE(Check("Sheet1!B3:C9"));
   EXPECT_EQ(ReportedRoutines(), (std::vector<std::string>{"AddSymbolToSheet"}));
@@ -154,14 +154,14 @@ TEST_F(CheckField, AWriterThatWasAbortedStillCountsAsInsertedByIntention) {
 
 TEST_F(CheckField, AWriterThatFoundNoPlaceForTheRecordStillCountsAsInsertedByIntention) {
   Start();
-  const auto before = Picture(host);
-  host.fail = [](std::string_view member, CallKind, std::uint64_t) {
-    return member == "Range.SpecialCells" || member == "Range.Find" ? 1004 : 0;
+  const auto before = Picture(book);
+  witness.FailWhen() = [](std::string_view member, std::uint64_t) {
+    return member == "SpecialCells" || member == "Find";
   };
   platform.user().ExpectErrorDialog("btnAbort");
   EXPECT_TRUE(Check("Sheet1!B3:C9"));
-  host.fail = {};
-  EXPECT_EQ(Picture(host), before);
+  witness.FailWhen() = {};
+  EXPECT_EQ(Picture(book), before);
 }
 
 }  // namespace

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "Picture.h"
+#include "OpenRibbon.h"
 #include "Witness.h"
 #include "WorkbookBuilder.h"
 #include "core/Text.h"
@@ -16,49 +16,14 @@
 #include "platform/headless/Headless.h"
 #include "support/CErrorHandler.h"
 #include "support/mGlobal.h"
-#include "tape/frmAddRibbon.h"
+#include "tests/hosts/OnHost.h"
+#include "tests/hosts/Picture.h"
 
 namespace pellora::test {
 
-/// The dialog with its routines in reach.
-class OpenRibbon : public frmAddRibbon {
- public:
-  using frmAddRibbon::AddSymbolToSheet;
-  using frmAddRibbon::BadSymbols;
-  using frmAddRibbon::ChechAddressRange;
-  using frmAddRibbon::CheckAddres;
-  using frmAddRibbon::CheckAddressIntersect;
-  using frmAddRibbon::CheckField;
-  using frmAddRibbon::chkAddName_Click;
-  using frmAddRibbon::chkAskSize_Click;
-  using frmAddRibbon::chkBidSize_Click;
-  using frmAddRibbon::chkLastSize_Click;
-  using frmAddRibbon::ColorSelectRange;
-  using frmAddRibbon::ColumnAddress;
-  using frmAddRibbon::EnableGroup;
-  using frmAddRibbon::EnableOptionButton;
-  using frmAddRibbon::EnableSizeName;
-  using frmAddRibbon::Form_QueryUnload;
-  using frmAddRibbon::frmAddRibbon;
-  using frmAddRibbon::GivMyLink;
-  using frmAddRibbon::GotoLastCell;
-  using frmAddRibbon::LoadFGChart;
-  using frmAddRibbon::LoadTable;
-  using frmAddRibbon::modifyAddress;
-  using frmAddRibbon::myIntersect;
-  using frmAddRibbon::OpredTotalOpt;
-  using frmAddRibbon::remove_bad_symbols;
-  using frmAddRibbon::ReturnColumnsCount;
-  using frmAddRibbon::ReturnNameSheetAndAddress;
-  using frmAddRibbon::ViewChkName;
-  using frmAddRibbon::ViewFGChart;
-  using frmAddRibbon::ViewToTable;
-  using frmAddRibbon::VSFExcel_AfterSelChange;
-};
-
-/// A desk with an embedded workbook, the shared services and the dialog, not loaded yet. Whoever leaves it checks that
-/// exactly the expected dialogs and messages appeared.
-class Desk : public ::testing::Test, public TapeOwner {
+/// A desk with a new workbook of the program's host, a witness between it and the dialog, the shared services and the
+/// dialog, not loaded yet. Whoever leaves it checks that exactly the expected dialogs and messages appeared.
+class Desk : public OnHost, public TapeOwner {
  protected:
   Desk() {
     mGlobal::ErrorHandler = std::make_shared<CErrorHandler>();
@@ -87,7 +52,14 @@ class Desk : public ::testing::Test, public TapeOwner {
 
   /// Starts the workbook; instruments and tapes are added to what is answered.
   WorkbookBuilder Workbook(const std::vector<std::string>& fields = kAllFields) {
-    return WorkbookBuilder(host, fields);
+    return WorkbookBuilder(book, fields);
+  }
+
+  /// Another workbook, new, in place of the open one.
+  void Renew() {
+    book = Book(TheHost().Fresh());
+    application = witness.Wrap(book.application());
+    witness.Forget();
   }
 
   /// Shows the dialog and lets the user do `part`, which hides it at the end by Cancel unless it is hidden already.
@@ -99,18 +71,13 @@ class Desk : public ::testing::Test, public TapeOwner {
     dialog->Show();
   }
 
-  std::string ActiveSheet() { return host.document().sheets[host.document().active]->name; }
-  bool ScreenUpdating() { return excel::Application(host.Application()).ScreenUpdating(); }
-  Variant Value(std::string_view sheet, std::string_view address) { return host.document().Value(sheet, address); }
-  std::string Formula(std::string_view sheet, std::string_view address) {
-    return host.document().Formula(sheet, address);
-  }
+  std::string ActiveSheet() { return book.ActiveSheet(); }
+  bool ScreenUpdating() { return book.ScreenUpdating(); }
+  Variant Value(std::string_view sheet, std::string_view address) { return book.Value(sheet, address); }
+  std::string Formula(std::string_view sheet, std::string_view address) { return book.Formula(sheet, address); }
 
-  /// From now on the witness stands between the dialog and the spreadsheet.
-  void Watch() {
-    witness.Forget();
-    application = witness.Wrap(host.Application());
-  }
+  /// From now on the witness counts.
+  void Watch() { witness.Forget(); }
 
   /// The routines that `act` enters, in order, each by its own name.
   std::vector<std::string> Entered(const std::function<void()>& act) {
@@ -140,9 +107,9 @@ class Desk : public ::testing::Test, public TapeOwner {
   CErrorHandler& Handler() { return *mGlobal::ErrorHandler; }
 
   headless::HeadlessPlatform platform;
-  workbook::Host host;
   Witness witness;
-  DispatchPtr application = host.Application();
+  /// What the dialog is handed: the host's application object as the witness passes it on.
+  DispatchPtr application = witness.Wrap(book.application());
   std::unique_ptr<OpenRibbon> dialog;
 };
 

@@ -92,7 +92,7 @@ TEST_F(LoadTable, AWorkbookWithoutHighAndLowHasRowsOf17Columns) {
 
 TEST_F(LoadTable, ContentFurtherDownIsListedAsIncompleteRows) {
   Workbook().Instrument(Stock("IBM"));
-  host.document().Set("TWS_Quotes", "C6", "note");
+  book.Set("TWS_Quotes", "C6", "note");
   dialog->Load();
   ASSERT_EQ(dialog->VSFExcel.Rows(), 6);
   EXPECT_EQ(dialog->VSFExcel.Text(5, 2), "note");
@@ -109,10 +109,9 @@ TEST_F(LoadTable, BlankRowsKeepTheirGridRow) {
 
 TEST_F(LoadTable, ASymbolColumnElsewhereIsFollowed) {
   Workbook();
-  auto& document = host.document();
-  document.AddName("TWS_Symbol", "TWS_Quotes!$C$4:$C$99");
+  book.AddName("TWS_Symbol", "TWS_Quotes!$C$4:$C$99");
   const char* cells[] = {"C5", "D5", "I5", "K5"};
-  for (const auto cell : cells) document.Set("TWS_Quotes", cell, "x");
+  for (const auto cell : cells) book.Set("TWS_Quotes", cell, "x");
   dialog->Load();
   EXPECT_EQ(dialog->VSFExcel.RowData(1), "1\r\n$C$5:$U$5");
 }
@@ -145,7 +144,7 @@ TEST_F(LoadTable, ScreenUpdatingIsOffWhileSheetsAreSelected) {
   excel::ObserveCalls([&](CallKind, std::string_view name) {
     if (name != "Select") return;
     ++selections;
-    EXPECT_FALSE(host.Application()->Invoke("ScreenUpdating", CallKind::Get, {}).Boolean());
+    EXPECT_FALSE(ScreenUpdating());
   });
   dialog->Load();
   EXPECT_GT(selections, 3);
@@ -175,7 +174,7 @@ TEST_F(LoadTable, AnErrorCellInARequiredColumnLeavesTheRowIncomplete) {
 
 TEST_F(LoadTable, AMissingSymbolNameIsReported) {
   Workbook().Instruments(2);
-  std::erase_if(host.document().names, [](const auto& name) { return name.first == "TWS_Symbol"; });
+  book.DeleteName("TWS_Symbol");
   platform.user().ExpectErrorDialog("btnAbort");
   dialog->Load();
   EXPECT_EQ(ReportedRoutines(), (std::vector<std::string>{"LoadTable"}));
@@ -183,7 +182,7 @@ TEST_F(LoadTable, AMissingSymbolNameIsReported) {
 
 TEST_F(LoadTable, AbortingLeavesScreenUpdatingOffAndTheQuoteSheetActiveByIntention) {
   Workbook().Instruments(2);
-  std::erase_if(host.document().names, [](const auto& name) { return name.first == "TWS_Symbol"; });
+  book.DeleteName("TWS_Symbol");
   platform.user().ExpectErrorDialog("btnAbort");
   dialog->Load();
   EXPECT_FALSE(ScreenUpdating());
@@ -317,7 +316,7 @@ TEST_F(ViewToTable, ARowWithoutRowDataIsDisabled) {
 
 TEST_F(LoadTable, CompleteContentBelowTheTableIsListedAsComplete) {
   Workbook().Instrument(Stock("IBM"));
-  for (const auto cell : {"A6", "B6", "G6", "I6"}) host.document().Set("TWS_Quotes", cell, "x");
+  for (const auto cell : {"A6", "B6", "G6", "I6"}) book.Set("TWS_Quotes", cell, "x");
   dialog->Load();
   ASSERT_EQ(dialog->VSFExcel.Rows(), 6);
   EXPECT_EQ(dialog->VSFExcel.RowData(5), "1\r\n$A$6:$S$6");

@@ -8,7 +8,7 @@ class Addresses : public Desk {
  protected:
   void Start() {
     Workbook().Instrument(Stock("XYZ")).Instrument(Stock("ABC"));
-    host.document().AddSheet("Sheet2");
+    book.AddSheet("Sheet2");
     dialog->Load();
   }
   std::string Modified(std::string_view text) {
@@ -75,7 +75,7 @@ TEST_F(MyIntersect, PlainAddressesAreNotAskedFor) {
 
 TEST_F(MyIntersect, OtherAddressesAreLeftToTheSpreadsheet) {
   Start();
-  host.document().AddName("Corner", "Sheet1!$A$1:$B$2");
+  book.AddName("Corner", "Sheet1!$A$1:$B$2");
   EXPECT_EQ(dialog->myIntersect("S", "Corner", "S", "B2:C3"), "$B$2");
 }
 
@@ -190,7 +190,7 @@ TEST_F(ModifyAddress, EmptyOrRejectedTextIsAnsweredWithNothingAndNoMessage) {
 
 TEST_F(ModifyAddress, TheSheetPartStaysAsWritten) {
   Start();
-  host.document().AddSheet("My Sheet");
+  book.AddSheet("My Sheet");
   EXPECT_EQ(Modified("'My Sheet'!B3"), "'My Sheet'!B3:C22");
 }
 

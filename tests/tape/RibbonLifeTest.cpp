@@ -316,12 +316,12 @@ TEST_F(TapeDialog, ItsPlaceIsRestoredBeforeTheWorkbookIsRead) {
   });
   NewDialog();
   std::vector<int> lefts;
-  host.fail = [&](std::string_view, CallKind, std::uint64_t) {
+  witness.FailWhen() = [&](std::string_view, std::uint64_t) {
     lefts.push_back(dialog->GetPlacement()->normal.left);
-    return 0;
+    return false;
   };
   dialog->Load();
-  host.fail = {};
+  witness.FailWhen() = {};
   ASSERT_FALSE(lefts.empty());
   EXPECT_EQ(lefts.front(), 40);
 }

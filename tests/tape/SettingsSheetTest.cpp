@@ -1,3 +1,5 @@
+#include <gmock/gmock.h>
+
 #include "Desk.h"
 
 namespace pellora::test {
@@ -22,21 +24,21 @@ class ViewFGChart : public Desk {};
 TEST_F(GotoLastCell, IsTheLastUsedCellInRelativeForm) {
   Workbook().Instruments(3);
   EXPECT_EQ(Last("TWS_Quotes"), "S4") << "the lowest row and the rightmost column that hold anything";
-  host.document().Set("TWS_Quotes", "T9", "x");
+  book.Set("TWS_Quotes", "T9", "x");
   EXPECT_EQ(Last("TWS_Quotes"), "T9");
 }
 
 TEST_F(GotoLastCell, FormatsBeyondTheContentDoNotCount) {
   Workbook();
-  host.document().Set("Sheet1", "B7", "x");
-  host.document().Set("Sheet1", "D2", "x");
+  book.Set("Sheet1", "B7", "x");
+  book.Set("Sheet1", "D2", "x");
   excel::Application(application).Worksheets("Sheet1").Range("H40").Interior().ColorIndex(3);
   EXPECT_EQ(Last("Sheet1"), "D7");
 }
 
 TEST_F(GotoLastCell, ALastCellOfOneBlankIsLookedThrough) {
   Workbook();
-  host.document().Set("Sheet1", "C9", " ");
+  book.Set("Sheet1", "C9", " ");
   EXPECT_EQ(Last("Sheet1"), "C9") << "the search for anything finds the blank too";
 }
 
@@ -48,17 +50,16 @@ TEST_F(GotoLastCell, AnEmptySheetAnswersTheStartCellAndDoesNotFail) {
 
 TEST_F(GotoLastCell, ASheetWhoseLastCellCannotBeToldIsSearched) {
   Workbook();
-  host.document().Set("Sheet1", "C9", "x");
-  host.fail = [](std::string_view member, CallKind, std::uint64_t) {
-    return member == "Range.SpecialCells" ? 1004 : 0;
-  };
+  book.Set("Sheet1", "C9", "x");
+  witness.FailWhen() = [](std::string_view member, std::uint64_t) { return member == "SpecialCells"; };
   EXPECT_EQ(Last("Sheet1"), "C9");
+  EXPECT_EQ(witness.Count("Find"), 2u);
   EXPECT_TRUE(platform.user().ErrorTexts().empty());
 }
 
 TEST_F(GotoLastCell, AnErrorValueInTheLastCellCountsAsContent) {
   Workbook();
-  host.document().Set("Sheet1", "C9", Variant::CellError(static_cast<std::int32_t>(0x800A07FA)));
+  book.Set("Sheet1", "C9", Variant::CellError(static_cast<std::int32_t>(0x800A07FA)));
   EXPECT_EQ(Last("Sheet1"), "C9");
 }
 
@@ -111,10 +112,10 @@ TEST_F(LoadFGChart, ALinkThatIsNoPlainAddressIsAskedForOncePerLoadHoweverManyRow
       .Instruments(50)
       .Tape("N", "=TWS_Quotes!Named", "", "Sheet1!A1:B4")
       .Tape("M", "=TWS_Quotes!Named", "", "x!A1");
-  host.document().AddName("Named", "Ticker_tape_settings!$N$4");
-  host.ResetCalls();
+  book.AddName("Named", "Ticker_tape_settings!$N$4");
+  witness.Forget();
   dialog->Load();
-  EXPECT_EQ(host.Calls().at("Application.Intersect"), 1u);
+  EXPECT_EQ(witness.Count("Intersect"), 1u);
   ASSERT_EQ(Groups(), 1);
   EXPECT_EQ(dialog->LinkAddresses()->Item(std::int32_t{1})->GroupKey(), "$A$4:$S$4");
   EXPECT_EQ(dialog->LinkAddresses()->Item(std::int32_t{1})->Count(), 2);
@@ -122,7 +123,7 @@ TEST_F(LoadFGChart, ALinkThatIsNoPlainAddressIsAskedForOncePerLoadHoweverManyRow
 
 TEST_F(LoadFGChart, ANameOfAnotherSheetThanTheActiveOneMeetsNoRowAsTheSpreadsheetWouldSay) {
   Workbook().Instruments(3).Tape("N", "=TWS_Quotes!Named", "", "Sheet1!A1:B4");
-  host.document().AddName("Named", "Sheet1!$N$3");
+  book.AddName("Named", "Sheet1!$N$3");
   dialog->Load();
   EXPECT_EQ(Groups(), 0);
   EXPECT_TRUE(platform.user().ErrorTexts().empty());
@@ -138,7 +139,7 @@ TEST_F(LoadFGChart, IncompleteRowsGetNoTapes) {
 
 TEST_F(LoadFGChart, AMissingSettingsSheetIsReportedOncePerLoadNotOncePerRow) {
   Workbook().Instruments(50);
-  std::erase_if(host.document().sheets, [](const auto& sheet) { return sheet->name == "Ticker_tape_settings"; });
+  book.DeleteSheet("Ticker_tape_settings");
   platform.user().AnswerErrorDialogs("btnIgnore");
   dialog->Load();
   EXPECT_EQ(ReportedRoutines(), (std::vector<std::string>{"GotoLastCell", "LoadFGChart"}));
@@ -148,7 +149,7 @@ TEST_F(LoadFGChart, AMissingSettingsSheetIsReportedOncePerLoadNotOncePerRow) {
 
 TEST_F(LoadFGChart, AMissingRecordTableIsReportedOncePerLoad) {
   Workbook().Instruments(50);
-  std::erase_if(host.document().names, [](const auto& name) { return name.first == "Tape_header_for_Ticker"; });
+  book.DeleteName("Tape_header_for_Ticker");
   platform.user().ExpectErrorDialog("btnAbort");
   dialog->Load();
   EXPECT_EQ(ReportedRoutines(), (std::vector<std::string>{"LoadFGChart"}));
@@ -158,7 +159,7 @@ TEST_F(LoadFGChart, AMissingRecordTableIsReportedOncePerLoad) {
 
 TEST_F(LoadFGChart, AnErrorCellInARecordIsATypeMismatchAndIgnoringItSkipsTheRecordOnly) {
   Workbook().Instruments(2).Tapes(2);
-  host.document().Set(kSettings, "A2", Variant::CellError(static_cast<std::int32_t>(0x800A07FA)));
+  book.Set(kSettings, "A2", Variant::CellError(static_cast<std::int32_t>(0x800A07FA)));
   platform.user().ExpectErrorDialog("btnIgnore");
   dialog->Load();
   EXPECT_EQ(Handler().ErrorNumber(), 13);
@@ -169,9 +170,9 @@ TEST_F(LoadFGChart, AnErrorCellInARecordIsATypeMismatchAndIgnoringItSkipsTheReco
 TEST_F(LoadFGChart, TheNextLoadReadsTheSheetAgain) {
   Workbook().Instruments(1);
   dialog->Load();
-  host.document().Set(kSettings, "A2", "N");
-  host.document().Set(kSettings, "B2", "=TWS_Quotes!$N$2");
-  host.document().Set(kSettings, "D2", "Sheet1!A1:B4");
+  book.Set(kSettings, "A2", "N");
+  book.Set(kSettings, "B2", "=TWS_Quotes!$N$2");
+  book.Set(kSettings, "D2", "Sheet1!A1:B4");
   dialog->LoadTable();
   EXPECT_EQ(Groups(), 1);
 }
@@ -208,17 +209,16 @@ TEST_F(GotoLastCell, OnlyALastCellThatIsEmptyOrOneBlankIsSearchedBehind) {
   Workbook();
   const std::pair<const char*, std::uint64_t> table[] = {{"x", 0}, {"  ", 0}, {" ", 2}};
   for (const auto& [content, searches] : table) {
-    host.document().Set("Sheet1", "C9", content);
-    host.ResetCalls();
+    book.Set("Sheet1", "C9", content);
+    witness.Forget();
     Last("Sheet1");
-    const auto made = host.Calls().find("Range.Find");
-    EXPECT_EQ(made == host.Calls().end() ? 0 : made->second, searches) << "'" << content << "'";
+    EXPECT_EQ(witness.Count("Find"), searches) << "'" << content << "'";
   }
 }
 
 TEST_F(GotoLastCell, ASearchThatFailedAndWasIgnoredIsNotTakenForAnEmptySheet) {
   Workbook();
-  host.fail = [](std::string_view member, CallKind, std::uint64_t) { return member == "Range.Find" ? 1004 : 0; };
+  witness.FailWhen() = [](std::string_view member, std::uint64_t) { return member == "Find"; };
   platform.user().AnswerErrorDialogs("btnIgnore");
   EXPECT_EQ(Last("Sheet1"), "");
   EXPECT_EQ(ReportedRoutines(), (std::vector<std::string>{"GotoLastCell", "GotoLastCell"}));
@@ -244,7 +244,8 @@ TEST_F(LoadFGChart, IgnoringThatTheSettingsSheetCannotBeSelectedDoesNotSkipTheRe
 
 TEST_F(LoadFGChart, AQuotedLinkToTheQuoteSheetIsAttachedToItsRow) {
   Workbook().Instruments(2).Tape("N", "='TWS_Quotes'!$N$3", "", "Sheet1!A1:B4");
-  ASSERT_EQ(Formula(kSettings, "B2"), "='TWS_Quotes'!$N$3");
+  // A host may write the name without the apostrophes, which it does not need.
+  ASSERT_THAT(Formula(kSettings, "B2"), testing::AnyOf("='TWS_Quotes'!$N$3", "=TWS_Quotes!$N$3"));
   dialog->Load();
   ASSERT_EQ(Groups(), 1);
   EXPECT_EQ(dialog->LinkAddresses()->Item(std::int32_t{1})->GroupKey(), "$A$3:$S$3");
@@ -252,7 +253,7 @@ TEST_F(LoadFGChart, AQuotedLinkToTheQuoteSheetIsAttachedToItsRow) {
 
 TEST_F(LoadFGChart, AQuotedLinkIsAttachedToARowThatOnlyTheSpreadsheetCanRead) {
   Workbook().Instruments(2).Tape("N", "='TWS_Quotes'!$N$3", "", "Sheet1!A1:B4");
-  host.document().AddName("SecondRow", "Sheet1!$A$3:$S$3");
+  book.AddName("SecondRow", "Sheet1!$A$3:$S$3");
   dialog->LoadFGChart("SecondRow");
   EXPECT_EQ(Groups(), 1);
 }
@@ -314,7 +315,7 @@ TEST_F(UnreadRecords, OnceReadTheyAreNotReadAgain) {
 
 TEST_F(UnreadRecords, ReadingThemAgainPutsTheActiveSheetAndTheScreenBack) {
   for (const bool fails : {false, true}) {
-    host.document().sheets.resize(1);
+    Renew();
     NewDialog();
     LoadBlind("btnAbort");
     if (fails) platform.user().ExpectErrorDialog("btnAbort");

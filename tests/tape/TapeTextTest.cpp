@@ -4,8 +4,7 @@
 #include "tape/RowData.h"
 #include "tape/SheetAddress.h"
 #include "tape/TypedText.h"
-#include "workbook/Document.h"
-#include "workbook/Host.h"
+#include "tests/hosts/OnHost.h"
 
 namespace pellora {
 namespace {
@@ -56,13 +55,14 @@ TEST(AsTypedText, WhatWouldBeReadAsSomethingElseIsMarkedAsText) {
     EXPECT_EQ(AsTypedText(text), "'" + text);
 }
 
-TEST(AsTypedText, EveryTextReadsBackFromACellAsItStood) {
-  workbook::Host host;
-  const auto cell = excel::Application(host.Application()).Range("B2");
+class TypedTextInACell : public test::OnHost {};
+
+TEST_F(TypedTextInACell, ReadsBackAsItStood) {
+  const auto cell = excel::Application(book.application()).Range("B2");
   for (const std::string text : {"'My Sheet'!A1:B20", "=SUM", "3M", "1E5", "2007-12-18", "TRUE", "#N/A", "007",
                                  "XYZ(last price)", "Sheet1!B3:D22", "''"}) {
     cell.Value(AsTypedText(text));
-    EXPECT_EQ(host.document().Value("Sheet1", "B2"), Variant(text));
+    EXPECT_EQ(book.Value("Sheet1", "B2"), Variant(text));
   }
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -15,7 +17,7 @@ namespace pellora::test {
 
 /// Stands between the dialog and the spreadsheet and writes down every call with the whole way to its object:
 /// "Worksheets(Sheet1).Range(A1).Select()", or "... = value" for a property that is set. What was asked of which object
-/// can be told so, and made to fail.
+/// can be told so, and made to fail, on every host alike.
 class Witness {
  public:
   DispatchPtr Wrap(DispatchPtr application) {
@@ -29,7 +31,20 @@ class Witness {
       if (call.ends_with(ending)) found.push_back(call);
     return found;
   }
-  void Forget() { m_notes->calls.clear(); }
+  /// How many calls were made, in all or to the member of that name, whichever object's.
+  std::uint64_t Count() const { return m_notes->calls.size(); }
+  std::uint64_t Count(std::string_view member) const {
+    const auto made = m_notes->counts.find(member);
+    return made == m_notes->counts.end() ? 0 : made->second;
+  }
+  void Forget() {
+    m_notes->calls.clear();
+    m_notes->counts.clear();
+  }
+
+  /// Decides before each call, by the member's name and the call's number since `Forget`, from 1, whether it fails
+  /// with 1004. Empty for none.
+  std::function<bool(std::string_view member, std::uint64_t call)>& FailWhen() { return m_notes->fails; }
 
   /// From now on the call of that text fails so many times (every time when 0) with 1004.
   void Fail(std::string_view call, int times = 0) {
@@ -41,6 +56,8 @@ class Witness {
  private:
   struct Notes {
     std::vector<std::string> calls;
+    std::map<std::string, std::uint64_t, std::less<>> counts;
+    std::function<bool(std::string_view, std::uint64_t)> fails;
     std::string failing;
     int failures = 0;
   };
@@ -53,6 +70,8 @@ class Witness {
     Variant Invoke(std::string_view name, CallKind kind, std::span<const Variant> arguments) override {
       const auto call = m_way + Describe(name, kind, arguments);
       m_notes->calls.push_back(call);
+      ++m_notes->counts[std::string(name)];
+      if (m_notes->fails && m_notes->fails(name, m_notes->calls.size())) throw Error(errors::ApplicationDefined);
       if (call == m_notes->failing) {
         if (m_notes->failures > 0 && --m_notes->failures == 0) m_notes->failing.clear();
         throw Error(errors::ApplicationDefined);

@@ -6,8 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "workbook/Document.h"
-#include "workbook/Host.h"
+#include "tests/hosts/Book.h"
 
 namespace pellora::test {
 
@@ -23,30 +22,29 @@ inline Contract Stock(std::string_view ticker) {
   return {ticker, "STK", Variant(), Variant(), Variant(), Variant(), "SMART", Variant(), "USD"};
 }
 
-/// Fills an embedded workbook in a few lines: "Sheet1" (active), "TWS_Quotes", "Ticker_tape_settings", and the names
-/// that lead to them. Instruments and tapes go below each other from row 2.
+/// Fills a workbook in a few lines: "Sheet1" (active), "TWS_Quotes", "Ticker_tape_settings", and the names that lead to
+/// them. Instruments and tapes go below each other from row 2.
 class WorkbookBuilder {
  public:
-  explicit WorkbookBuilder(workbook::Host& host, const std::vector<std::string>& fields = kAllFields)
-      : m_document(host.document()) {
-    m_document.AddSheet("TWS_Quotes");
-    m_document.AddSheet("Ticker_tape_settings");
-    m_document.AddName("TWS_Symbol", "TWS_Quotes!$A:$A");
-    m_document.AddName("Tape_header_for_Ticker", "Ticker_tape_settings!$A$1");
-    static constexpr std::string_view titles[] = {"Ticker",     "Type",     "Expiry",           "Strike",  "P/C",
-                                                  "Multiplier", "Exchange", "Primary Exchange", "Currency"};
-    for (int i = 0; i < 9; ++i) Quote(1, i, titles[i]);
-    for (std::size_t i = 0; i < fields.size(); ++i) Field(fields[i], static_cast<int>(i) + 9);
-    static constexpr std::string_view captions[] = {"Tape header for Ticker", "Link to ticker", "Tape header for Size",
-                                                    "Tape location"};
-    for (int i = 0; i < 4; ++i) Setting(1, i, captions[i]);
+  explicit WorkbookBuilder(const Book& book, const std::vector<std::string>& fields = kAllFields) : m_book(book) {
+    m_book.AddSheet("TWS_Quotes");
+    m_book.AddSheet("Ticker_tape_settings");
+    m_book.AddName("TWS_Symbol", "TWS_Quotes!$A:$A");
+    m_book.AddName("Tape_header_for_Ticker", "Ticker_tape_settings!$A$1");
+    std::vector<Variant> titles = {"Ticker",     "Type",     "Expiry",           "Strike",  "P/C",
+                                   "Multiplier", "Exchange", "Primary Exchange", "Currency"};
+    for (const auto& field : fields) {
+      const std::string letter(1, static_cast<char>('A' + titles.size()));
+      m_book.AddName(field, "TWS_Quotes!$" + letter + ":$" + letter);
+      titles.push_back(field.substr(4));
+    }
+    Row("TWS_Quotes", 1, titles);
+    Row("Ticker_tape_settings", 1,
+        {"Tape header for Ticker", "Link to ticker", "Tape header for Size", "Tape location"});
   }
 
   WorkbookBuilder& Instrument(const Contract& contract) {
-    ++m_lastQuote;
-    for (int i = 0; i < 9; ++i)
-      if (!contract[static_cast<std::size_t>(i)].IsEmpty())
-        Quote(m_lastQuote, i, contract[static_cast<std::size_t>(i)]);
+    Row("TWS_Quotes", ++m_lastQuote, std::vector<Variant>(contract.begin(), contract.end()));
     return *this;
   }
 
@@ -56,48 +54,49 @@ class WorkbookBuilder {
     return *this;
   }
 
+  /// Stocks "T1", "T2" and so on, in one call to the spreadsheet.
   WorkbookBuilder& Instruments(int count) {
-    for (int i = 1; i <= count; ++i) Instrument(Stock("T" + std::to_string(i)));
+    if (count == 0) return *this;
+    VariantArray rows(static_cast<std::size_t>(count), 9);
+    for (int i = 0; i < count; ++i) Fill(rows, i, Stock("T" + std::to_string(i + 1)));
+    m_book.SetBlock("TWS_Quotes", "A" + std::to_string(m_lastQuote + 1), rows);
+    m_lastQuote += count;
     return *this;
   }
 
   /// A recorded tape; an empty text leaves its cell empty.
   WorkbookBuilder& Tape(std::string_view name, std::string_view link, std::string_view size,
                         std::string_view location) {
-    ++m_lastTape;
-    const std::string_view cells[] = {name, link, size, location};
-    for (int i = 0; i < 4; ++i)
-      if (!cells[i].empty()) Setting(m_lastTape, i, cells[i]);
+    Row("Ticker_tape_settings", ++m_lastTape, {name, link, size, location});
     return *this;
   }
 
-  /// Tapes of the last price of rows 2 and on, below each other on Sheet1.
+  /// Tapes of the last price of rows 2 and on, below each other on Sheet1, in one call to the spreadsheet.
   WorkbookBuilder& Tapes(int count) {
+    if (count == 0) return *this;
+    VariantArray rows(static_cast<std::size_t>(count), 4);
     for (int i = 0; i < count; ++i) {
-      const auto top = std::to_string(i * 5 + 1);
-      const auto bottom = std::to_string(i * 5 + 4);
-      Tape("N" + std::to_string(i), "=TWS_Quotes!$N$" + std::to_string(i + 2), "", "Sheet1!A" + top + ":B" + bottom);
+      const auto place = "Sheet1!A" + std::to_string(i * 5 + 1) + ":B" + std::to_string(i * 5 + 4);
+      Fill(rows, i,
+           std::array<Variant, 4>{"N" + std::to_string(i), "=TWS_Quotes!$N$" + std::to_string(i + 2), "", place});
     }
+    m_book.SetBlock("Ticker_tape_settings", "A" + std::to_string(m_lastTape + 1), rows);
+    m_lastTape += count;
     return *this;
   }
-
-  workbook::Document& document() { return m_document; }
 
  private:
-  static std::string Cell(int row, int column) {
-    return std::string(1, static_cast<char>('A' + column)) + std::to_string(row);
+  template <class Values>
+  static void Fill(VariantArray& rows, int row, const Values& values) {
+    for (std::size_t i = 0; i < values.size(); ++i) rows.At(static_cast<std::size_t>(row), i) = values[i];
   }
-  void Quote(int row, int column, const Variant& value) { m_document.Set("TWS_Quotes", Cell(row, column), value); }
-  void Setting(int row, int column, const Variant& value) {
-    m_document.Set("Ticker_tape_settings", Cell(row, column), value);
-  }
-  void Field(const std::string& name, int column) {
-    const std::string letter(1, static_cast<char>('A' + column));
-    Quote(1, column, name.substr(4));
-    m_document.AddName(name, "TWS_Quotes!$" + letter + ":$" + letter);
+  void Row(std::string_view sheet, int row, const std::vector<Variant>& values) {
+    VariantArray rows(1, values.size());
+    Fill(rows, 0, values);
+    m_book.SetBlock(sheet, "A" + std::to_string(row), rows);
   }
 
-  workbook::Document& m_document;
+  Book m_book;
   int m_lastQuote = 1;
   int m_lastTape = 1;
 };

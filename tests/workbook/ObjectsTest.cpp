@@ -3,7 +3,15 @@
 namespace pellora::workbook {
 namespace {
 
-using Objects = Desk;
+class Objects : public Desk {
+ protected:
+  /// Of the sheets, in order, a blank after each.
+  std::string Names() {
+    std::string names;
+    for (const auto& sheet : document.sheets) names += sheet->name + " ";
+    return names;
+  }
+};
 
 TEST_F(Objects, TheApplicationSaysWhatItIs) { EXPECT_EQ(Get(app, "Name"), Variant("Pellora embedded workbook")); }
 
@@ -41,6 +49,57 @@ TEST_F(Objects, SheetsAreFoundInAnyLetterCaseOfAnyScript) {
   EXPECT_EQ(Get(Sheet("лЕНТА"), "Name"), Variant("Лента"));
   EXPECT_EQ(Get(Object(app, "Worksheets", {2}), "Name"), Variant("Лента"));
   EXPECT_EQ(Get(Object(Object(app, "ActiveWorkbook"), "Worksheets"), "Count"), Variant(2));
+}
+
+TEST_F(Objects, ASheetIsAddedBeforeTheActiveOneUnlessItIsSaidWhereAndBecomesActive) {
+  const auto sheets = Object(app, "Worksheets");
+  const auto first = Sheet("Sheet1");
+  Get(sheets, "Add");
+  EXPECT_EQ(Names(), "Sheet2 Sheet1 ");
+  Get(sheets, "Add", {Variant::Missing(), first});
+  EXPECT_EQ(Names(), "Sheet2 Sheet1 Sheet3 ");
+  EXPECT_EQ(Get(Object(sheets, "Add", {first}), "Name"), Variant("Sheet4"));
+  EXPECT_EQ(Names(), "Sheet2 Sheet4 Sheet1 Sheet3 ");
+  EXPECT_EQ(Get(Object(app, "ActiveSheet"), "Name"), Variant("Sheet4"));
+}
+
+TEST_F(Objects, ASheetIsAddedBesideASheetOnly) {
+  const auto sheets = Object(app, "Worksheets");
+  EXPECT_EQ(NumberOf([&] { Get(sheets, "Add", {"Sheet1"}); }), 13);
+  EXPECT_EQ(NumberOf([&] { Get(sheets, "Add", {Range("A1")}); }), 13);
+  EXPECT_EQ(NumberOf([&] { Get(sheets, "Add", {Sheet("Sheet1"), Sheet("Sheet1")}); }), 1004);
+  EXPECT_EQ(Names(), "Sheet1 ");
+}
+
+TEST_F(Objects, ADeletedSheetIsGoneAndTheActiveOneStaysActive) {
+  for (const auto* name : {"Desk", "Last", "Behind"}) document.AddSheet(name);
+  Get(Sheet("Last"), "Select");
+  const auto range = Range("Desk!A1");
+  Get(Sheet("Desk"), "Delete");
+  EXPECT_EQ(Names(), "Sheet1 Last Behind ");
+  EXPECT_EQ(Get(Object(app, "ActiveSheet"), "Name"), Variant("Last"));
+  EXPECT_EQ(NumberOf([&] { Get(range, "Value"); }), 424);
+}
+
+TEST_F(Objects, DeletingTheActiveSheetMakesTheNextOneActiveAndTheLastOneItsNeighbour) {
+  document.AddSheet("Desk");
+  document.AddSheet("Last");
+  Get(Sheet("Sheet1"), "Delete");
+  EXPECT_EQ(Get(Object(app, "ActiveSheet"), "Name"), Variant("Desk"));
+  Get(Sheet("Last"), "Select");
+  Get(Sheet("Last"), "Delete");
+  EXPECT_EQ(Get(Object(app, "ActiveSheet"), "Name"), Variant("Desk"));
+}
+
+TEST_F(Objects, TheOnlySheetIsNotDeleted) {
+  EXPECT_EQ(NumberOf([&] { Get(Sheet("Sheet1"), "Delete"); }), 1004);
+  EXPECT_EQ(Names(), "Sheet1 ");
+}
+
+TEST_F(Objects, DisplayAlertsKeepsWhatWasPut) {
+  EXPECT_EQ(Get(app, "DisplayAlerts"), Variant(true));
+  Put(app, "DisplayAlerts", false);
+  EXPECT_EQ(Get(app, "DisplayAlerts"), Variant(false));
 }
 
 TEST_F(Objects, SelectingASheetMakesItActive) {
