@@ -65,22 +65,23 @@ Function CreateProject()
   CreateProject = answer & " " & TypeName(last) & last & " " & volume
 End Function
 
-Function ApplicationComesBack(application)
-  Set library = CreateObject("Pellora.cPellora")
-  Set library.ExcelApplication = application
-  back = EqualUnoObjects(library.ExcelApplication, application)
-  back = back And EqualUnoObjects(library.m_ObjExcelApplication, application)
-  Set library.ExcelApplication = Nothing
-  ApplicationComesBack = CStr(back And IsNull(library.ExcelApplication))
-End Function
-
 Function OwnApplication()
-  OwnApplication = ApplicationComesBack(Application)
+  Set library = CreateObject("Pellora.cPellora")
+  Set library.ExcelApplication = Application
+  back = EqualUnoObjects(library.ExcelApplication, Application)
+  back = back And EqualUnoObjects(library.m_ObjExcelApplication, Application)
+  Set library.ExcelApplication = Nothing
+  OwnApplication = CStr(back And IsNull(library.ExcelApplication))
 End Function
 
 Function OtherApplication()
   Set globals = CreateUnoServiceWithArguments("ooo.vba.excel.Globals", Array(ThisComponent))
-  OtherApplication = ApplicationComesBack(globals.Excel)
+  Set library = CreateObject("Pellora.cPellora")
+  Set library.ExcelApplication = globals.Excel
+  back = EqualUnoObjects(library.ExcelApplication, globals.Excel)
+  back = back And EqualUnoObjects(library.m_ObjExcelApplication, globals.Excel)
+  Set library.ExcelApplication = Nothing
+  OtherApplication = CStr(back And IsNull(library.ExcelApplication))
 End Function
 
 Function Failing()
