@@ -24,6 +24,11 @@ function(pellora_host name)
   target_link_libraries(pellora_host_${name} PUBLIC pellora_core ${ARGN} GTest::gmock_main)
 endfunction()
 
+# Tests are compiled far more often than their speed would matter: without optimisation, and of the sanitizers with the
+# one that also watches what they do to the library's memory. The library itself is built in full.
+add_library(pellora_test_options INTERFACE)
+target_compile_options(pellora_test_options INTERFACE -O0 $<$<BOOL:${PELLORA_SANITIZE}>:-fno-sanitize=undefined>)
+
 # pellora_test(NAME FOLDER [LIBRARIES...]): the sources of one folder of tests as a program test_NAME, one ctest test
 # for the program. Does nothing for a folder without sources.
 function(pellora_test name folder)
@@ -34,7 +39,7 @@ function(pellora_test name folder)
   add_executable(test_${name} ${sources})
   target_include_directories(test_${name} PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/src)
   target_compile_definitions(test_${name} PRIVATE PELLORA_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
-  target_link_libraries(test_${name} PRIVATE ${ARGN} GTest::gmock_main)
+  target_link_libraries(test_${name} PRIVATE ${ARGN} pellora_test_options GTest::gmock_main)
   if(NOT WIN32)
     add_test(NAME ${name} COMMAND test_${name})
     set_tests_properties(${name} PROPERTIES TIMEOUT 120)

@@ -18,5 +18,5 @@ if defined narrow "%narrow%\cscript.exe" //nologo "%~dp0check.vbs" 32-bit
 if defined narrow if errorlevel 1 set "bad=1"
 if not defined narrow echo 32-bit: this system runs no 32-bit programs.
 if not defined wide echo 64-bit: this system runs no 64-bit programs.
-if /i not "%~1"=="/quiet" timeout /t 20 2>nul
+if /i not "%~1"=="/quiet" "%native%\timeout.exe" /t 20 2>nul
 exit /b %bad%

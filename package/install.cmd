@@ -15,8 +15,8 @@ set "narrow=%SystemRoot%\SysWOW64"
 if not exist "%narrow%\regsvr32.exe" set "narrow="
 if not defined wide if not defined narrow set "narrow=%native%"
 
-call tasklist /nh /fi "imagename eq EXCEL.EXE" >"%TEMP%\Pellora-running.txt" 2>nul
-find "EXCEL.EXE" <"%TEMP%\Pellora-running.txt" >nul 2>nul
+"%native%\tasklist.exe" /nh /fi "imagename eq EXCEL.EXE" >"%TEMP%\Pellora-running.txt" 2>nul
+"%native%\find.exe" "EXCEL.EXE" <"%TEMP%\Pellora-running.txt" >nul 2>nul
 if not errorlevel 1 goto running
 del "%TEMP%\Pellora-running.txt" 2>nul
 
@@ -28,35 +28,39 @@ copy /y "%~dp0win32\Pellora.dll" "%home%\win32\Pellora.dll" >nul
 if errorlevel 1 goto nocopy
 for %%f in (uninstall.cmd check.cmd check.vbs) do copy /y "%~dp0%%f" "%home%\%%f" >nul
 
+set "why=%TEMP%\Pellora-why.txt"
+del "%why%" 2>nul
 set "bits=64-bit"
-if defined wide "%native%\regsvr32.exe" /s /n /i:user "%home%\win64\Pellora.dll"
+if defined wide "%native%\regsvr32.exe" /s /n /i:"user,%why%" "%home%\win64\Pellora.dll"
 if defined wide if errorlevel 1 goto noregister
 set "bits=32-bit"
-if defined narrow "%narrow%\regsvr32.exe" /s /n /i:user "%home%\win32\Pellora.dll"
+if defined narrow "%narrow%\regsvr32.exe" /s /n /i:"user,%why%" "%home%\win32\Pellora.dll"
 if defined narrow if errorlevel 1 goto noregister
 
 echo Pellora is installed for you, in %home%
 echo Workbooks that are opened from now on can use it. Run check.cmd to see that it works.
-if /i not "%~1"=="/quiet" timeout /t 20 2>nul
+if /i not "%~1"=="/quiet" "%native%\timeout.exe" /t 20 2>nul
 exit /b 0
 
 :running
 del "%TEMP%\Pellora-running.txt" 2>nul
 echo Excel is running, and nothing was changed. Save your work, close Excel, and run install.cmd again.
 echo If no window of Excel is open, end "Microsoft Excel" in the Task Manager.
-if /i not "%~1"=="/quiet" timeout /t 20 2>nul
+if /i not "%~1"=="/quiet" "%native%\timeout.exe" /t 20 2>nul
 exit /b 2
 
 :nocopy
 echo The files could not be copied to %home%
 echo Extract the whole archive first, close all programs that use Pellora, and run install.cmd again.
-if /i not "%~1"=="/quiet" timeout /t 20 2>nul
+if /i not "%~1"=="/quiet" "%native%\timeout.exe" /t 20 2>nul
 exit /b 1
 
 :noregister
 echo The %bits% library could not be registered. What was registered is taken back.
+if exist "%why%" type "%why%"
+del "%why%" 2>nul
 if defined wide "%native%\regsvr32.exe" /s /u /n /i:user "%home%\win64\Pellora.dll"
 if defined narrow "%narrow%\regsvr32.exe" /s /u /n /i:user "%home%\win32\Pellora.dll"
 echo Ask your administrator whether programs may be registered for a user on this machine.
-if /i not "%~1"=="/quiet" timeout /t 20 2>nul
+if /i not "%~1"=="/quiet" "%native%\timeout.exe" /t 20 2>nul
 exit /b 1

@@ -14,8 +14,8 @@ set "narrow=%SystemRoot%\SysWOW64"
 if not exist "%narrow%\regsvr32.exe" set "narrow="
 if not defined wide if not defined narrow set "narrow=%native%"
 
-call tasklist /nh /fi "imagename eq EXCEL.EXE" >"%TEMP%\Pellora-running.txt" 2>nul
-find "EXCEL.EXE" <"%TEMP%\Pellora-running.txt" >nul 2>nul
+"%native%\tasklist.exe" /nh /fi "imagename eq EXCEL.EXE" >"%TEMP%\Pellora-running.txt" 2>nul
+"%native%\find.exe" "EXCEL.EXE" <"%TEMP%\Pellora-running.txt" >nul 2>nul
 if not errorlevel 1 goto running
 del "%TEMP%\Pellora-running.txt" 2>nul
 
@@ -30,7 +30,7 @@ if defined narrow if errorlevel 1 set "failed=yes"
 if defined failed goto noremove
 
 echo Pellora is removed. Your lists and window positions are kept; uninstalling does not touch them.
-if /i not "%~1"=="/quiet" timeout /t 20 2>nul
+if /i not "%~1"=="/quiet" "%native%\timeout.exe" /t 20 2>nul
 rem This file may be in the folder itself: nothing can be read from it after this line.
 cd /d "%TEMP%" & rmdir /s /q "%home%" & exit /b 0
 
@@ -38,15 +38,15 @@ cd /d "%TEMP%" & rmdir /s /q "%home%" & exit /b 0
 del "%TEMP%\Pellora-running.txt" 2>nul
 echo Excel is running, and nothing was changed. Save your work, close Excel, and run uninstall.cmd again.
 echo If no window of Excel is open, end "Microsoft Excel" in the Task Manager.
-if /i not "%~1"=="/quiet" timeout /t 20 2>nul
+if /i not "%~1"=="/quiet" "%native%\timeout.exe" /t 20 2>nul
 exit /b 2
 
 :nothing
 echo Pellora is not installed for you; there is nothing to remove.
-if /i not "%~1"=="/quiet" timeout /t 20 2>nul
+if /i not "%~1"=="/quiet" "%native%\timeout.exe" /t 20 2>nul
 exit /b 0
 
 :noremove
 echo Pellora could not be taken out of the registry. Its files stay in %home%
-if /i not "%~1"=="/quiet" timeout /t 20 2>nul
+if /i not "%~1"=="/quiet" "%native%\timeout.exe" /t 20 2>nul
 exit /b 1

@@ -110,9 +110,8 @@ cPellora::cPellora() {
 cPellora::~cPellora() { Class_Terminate(); }
 
 void cPellora::Class_Initialize() {
-  m_thread.emplace();
   // Without a platform none of the services could do its work: better to fail here than at the first dialog.
-  mGlobal::CurrentPlatform();
+  if (mGlobal::CurrentPlatform().oneThread) m_thread.emplace();
   m_errorHandler = std::make_shared<CErrorHandler>();
   m_errorHandler->Init(actions::Dialog, "Error Log.txt", true, false, 2, "Tracing Log.txt");
   m_appSettings = std::make_shared<CAppSettings>();

@@ -54,7 +54,8 @@ struct ContractRecord {
 /// does not matter. Construction and the four methods raise 0x80040064, "cPellora component failure", with their
 /// qualified name as source, whatever went wrong inside; the properties let errors through as they are. A method that
 /// is called while another call of this object is under way brings the open dialog to the front and raises the same
-/// error. So does a call from another thread than the one on which the first living object was made.
+/// error. So does a call from another thread than the one on which the first living object was made, or, where the
+/// platform has no such thread, than the one that is in a call.
 class cPellora : private TapeOwner {
  public:
   cPellora();

@@ -100,6 +100,9 @@ struct Platform {
   EventLog& eventLog;
   LogFiles& logFiles;
   LibraryInfo library;
+  /// True where windows belong to the thread that made them: an object is then used by one thread from its making to
+  /// its end. Elsewhere by any, one at a time.
+  bool oneThread = true;
 };
 
 }  // namespace pellora

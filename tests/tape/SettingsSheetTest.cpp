@@ -53,6 +53,7 @@ TEST_F(GotoLastCell, ASheetWhoseLastCellCannotBeToldIsSearched) {
   book.Set("Sheet1", "C9", "x");
   witness.FailWhen() = [](std::string_view member, std::uint64_t) { return member == "SpecialCells"; };
   EXPECT_EQ(Last("Sheet1"), "C9");
+  EXPECT_EQ(witness.Count("Find"), 2u);
   EXPECT_TRUE(platform.user().ErrorTexts().empty());
 }
 

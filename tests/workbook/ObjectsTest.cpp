@@ -72,12 +72,11 @@ TEST_F(Objects, ASheetIsAddedBesideASheetOnly) {
 }
 
 TEST_F(Objects, ADeletedSheetIsGoneAndTheActiveOneStaysActive) {
-  document.AddSheet("Desk");
-  document.AddSheet("Last");
+  for (const auto* name : {"Desk", "Last", "Behind"}) document.AddSheet(name);
   Get(Sheet("Last"), "Select");
   const auto range = Range("Desk!A1");
   Get(Sheet("Desk"), "Delete");
-  EXPECT_EQ(Names(), "Sheet1 Last ");
+  EXPECT_EQ(Names(), "Sheet1 Last Behind ");
   EXPECT_EQ(Get(Object(app, "ActiveSheet"), "Name"), Variant("Last"));
   EXPECT_EQ(NumberOf([&] { Get(range, "Value"); }), 424);
 }

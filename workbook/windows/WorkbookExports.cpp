@@ -1,8 +1,8 @@
 #include <iterator>
 #include <string>
 
-#include "platform/windows/ole/ModuleReference.h"
-#include "workbook/windows/WorkbookFactory.h"
+#include "platform/windows/ole/ClassFactory.h"
+#include "workbook/windows/WorkbookClass.h"
 
 // The doors of the module and its entries in the registry.
 namespace {
@@ -72,7 +72,7 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** object) {
   *object = nullptr;
   if (!IsEqualCLSID(classId, workbook::kWorkbookClass)) return CLASS_E_CLASSNOTAVAILABLE;
   try {
-    return workbook::WorkbookFactory::Create(id, object);
+    return ole::ClassFactory<workbook::WorkbookClass>::Create(id, object);
   } catch (...) {
     return E_OUTOFMEMORY;
   }

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "core/Text.h"
+
 namespace pellora::libreoffice {
 namespace {
 
@@ -41,6 +43,12 @@ TEST(SettingsText, AnyTextComesBackThroughTheFile) {
     EXPECT_EQ(again.Value(kCurrentUser, value, value), Text(value)) << value;
     EXPECT_EQ(again.Names(kCurrentUser, value), std::vector<std::string>{std::string(value)}) << value;
   }
+}
+
+TEST(SettingsText, IsUtf8WhateverTheTexts) {
+  SettingsText text("");
+  text.SetValue(kCurrentUser, "\xC3", "\xE2\x82", Text("\xFF"));
+  EXPECT_EQ(ToUtf8(ToUtf16(text.Content())), text.Content());
 }
 
 TEST(SettingsText, LettersOfEveryScriptAreReadableInTheFile) {

@@ -8,8 +8,10 @@
 #include <com/sun/star/table/XCell.hpp>
 #include <com/sun/star/table/XCellRange.hpp>
 #include <com/sun/star/util/XCloseable.hpp>
+#include <com/sun/star/util/XProtectable.hpp>
 #include <string_view>
 
+#include "core/Error.h"
 #include "excel/Application.h"
 #include "platform/libreoffice/uno/Application.h"
 #include "platform/libreoffice/uno/Text.h"
@@ -62,6 +64,13 @@ class CalcDocument {
     return Sheet(sheet)->getCellByPosition(column - 1, row - 1);
   }
 
+  /// The named sheet may not be changed any more; without a password.
+  void Protect(std::string_view sheet) {
+    const com::sun::star::uno::Reference<com::sun::star::util::XProtectable> guarded(
+        Sheet(sheet), com::sun::star::uno::UNO_QUERY_THROW);
+    guarded->protect({});
+  }
+
   const com::sun::star::uno::Reference<com::sun::star::frame::XModel>& Model() const { return m_model; }
   com::sun::star::uno::Reference<com::sun::star::sheet::XSpreadsheetDocument> Book() const {
     return {m_model, com::sun::star::uno::UNO_QUERY_THROW};
@@ -71,5 +80,16 @@ class CalcDocument {
  private:
   com::sun::star::uno::Reference<com::sun::star::frame::XModel> m_model;
 };
+
+/// The number of the `Error` that a step raises; 0 when it raises none.
+template <class Step>
+std::int32_t NumberOf(Step&& step) {
+  try {
+    step();
+    return 0;
+  } catch (const Error& error) {
+    return error.Number();
+  }
+}
 
 }  // namespace pellora::test

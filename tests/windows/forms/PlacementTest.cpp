@@ -66,6 +66,37 @@ TEST_F(PlacementOnScreen, ACaptionAboveTheDisplayIsMovedBack) {
   EXPECT_EQ(Now().normal.top, form.WindowPeer()->Desktop().top);
 }
 
+TEST_F(PlacementOnScreen, AFormThatIsTooLargeForAPlaceAtTheEdgeOfTheDisplayIsAllOnIt) {
+  form.Load();
+  const auto desktop = form.WindowPeer()->Desktop();
+  auto corner = Now();
+  corner.normal = {desktop.right - 50, desktop.bottom - 50, desktop.right, desktop.bottom};
+  form.SetPlacement(corner);
+  EXPECT_LE(Now().normal.right, desktop.right);
+  EXPECT_LE(Now().normal.bottom, desktop.bottom);
+}
+
+TEST_F(PlacementOnScreen, AFormAtTheEdgeOfTheDisplayStaysOnItWhenItsTextsGrow) {
+  form.Load();
+  const auto desktop = form.WindowPeer()->Desktop();
+  const auto size = form.WindowPeer()->OuterSize();
+  auto corner = Now();
+  corner.normal = {desktop.right - size.width, desktop.bottom - size.height, desktop.right, desktop.bottom};
+  form.SetPlacement(corner);
+  Placement shown;
+  {
+    const Player player([&](Hands& hands) {
+      hands.WaitFor(form);
+      shown = Now();
+      hands.Click(form.butOk);
+    });
+    form.lab.Caption(std::string(200, 'x'));
+    form.Show();
+  }
+  EXPECT_GT(shown.normal.Width(), size.width);
+  EXPECT_LE(shown.normal.right, desktop.right);
+}
+
 TEST_F(PlacementOnScreen, AMinimisedPlacementComesUpNormal) {
   form.Load();
   auto minimised = Now();

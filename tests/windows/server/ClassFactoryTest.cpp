@@ -1,8 +1,8 @@
-#include "platform/windows/server/ClassFactory.h"
+#include "platform/windows/ole/ClassFactory.h"
 
 #include <gtest/gtest.h>
 
-#include "Pellora_idl.h"
+#include "platform/windows/server/ComPellora.h"
 
 namespace pellora::windows {
 namespace {
@@ -15,7 +15,7 @@ class FailingCreation : public testing::Test {
  protected:
   FailingCreation() {
     ComPtr<IClassFactory> factory;
-    ClassFactory::Create(IID_IClassFactory, reinterpret_cast<void**>(factory.put()));
+    ole::ClassFactory<ComPellora>::Create(IID_IClassFactory, reinterpret_cast<void**>(factory.put()));
     SetErrorInfo(0, nullptr);
     code = factory->CreateInstance(nullptr, __uuidof(_cPellora), &output);
     GetErrorInfo(0, info.put());

@@ -1,6 +1,8 @@
 #include <algorithm>
 #include <cctype>
 #include <cstdio>
+#include <filesystem>
+#include <fstream>
 
 #include "LoadedServer.h"
 #include "RegistryChanges.h"
@@ -226,6 +228,28 @@ TEST_F(BrokenRegistration, SaysWhichKeyCouldNotBeWritten) {
   EXPECT_NE(text.Text().find("Software\\Classes\\" + ole::Narrow(InterfaceKey()) + "\\ProxyStubClsid32"),
             std::string::npos)
       << text.Text();
+}
+
+TEST_F(BrokenRegistration, WritesThatKeyIntoTheFileItIsGiven) {
+  const auto file = std::filesystem::temp_directory_path() / "pellora registration.txt";
+  std::filesystem::remove(file);
+  Break(InterfaceKey());
+  Door<Install>("DllInstall")(TRUE, (L"user," + file.wstring()).c_str());
+  std::string text;
+  {
+    std::ifstream content(file);
+    std::getline(content, text);
+  }
+  EXPECT_NE(text.find(ole::Narrow(InterfaceKey()) + "\\ProxyStubClsid32"), std::string::npos) << text;
+  std::filesystem::remove(file);
+}
+
+TEST_F(Registration, ThatSucceedsWritesNoFile) {
+  const auto file = std::filesystem::temp_directory_path() / "pellora registration.txt";
+  std::filesystem::remove(file);
+  EXPECT_EQ(Door<Install>("DllInstall")(TRUE, (L"user," + file.wstring()).c_str()), S_OK);
+  EXPECT_FALSE(std::filesystem::exists(file));
+  ForUser(FALSE);
 }
 
 TEST_F(Registration, OfAUserWithoutClassesLeavesNoEmptyKeys) {

@@ -176,6 +176,39 @@ TEST(WindowsShell, AMissingFolderIsNotExplored) {
   EXPECT_TRUE(result == 2 || result == 3) << result;
 }
 
+// True as soon as a program that was started has written that, or false after ten seconds.
+bool Comes(const std::filesystem::path& file, const std::string& content) {
+  for (int tries = 0; tries < 1000; ++tries, Sleep(10)) {
+    std::ifstream there(file, std::ios::binary);
+    std::ostringstream now;
+    now << there.rdbuf();
+    if (now.str() == content) return true;
+  }
+  return false;
+}
+
+TEST_F(Files, AProgramIsExecutedInADirectoryWithItsParameters) {
+  const auto result =
+      WindowsShell().Execute("open", "C:\\windows\\system32\\cmd.exe", "/c echo done>executed.txt", folder.string());
+  EXPECT_GT(result, 32);
+  EXPECT_TRUE(Comes(Path("executed.txt"), "done\r\n"));
+}
+
+TEST_F(Files, AnEmptyVerbIsTheUsualOne) {
+  WindowsShell().Execute("", "C:\\windows\\system32\\cmd.exe", "/c echo done>executed.txt", folder.string());
+  EXPECT_TRUE(Comes(Path("executed.txt"), "done\r\n"));
+}
+
+TEST_F(Files, ThatAreMissingHaveNoProperties) {
+  EXPECT_LE(WindowsShell().ShowProperties(Path("not there.txt"), 0), 32);
+}
+
+TEST_F(Files, HavePropertiesToShowWhereTheSystemCan) {
+  if (GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version")) GTEST_SKIP() << "Wine shows none";
+  WindowsLogFiles().Append(Path("there.txt"), "x");
+  EXPECT_GT(WindowsShell().ShowProperties(Path("there.txt"), 0), 32);
+}
+
 // The machine's classes, with a document type of a test's own.
 class DocumentType : public testing::Test {
  protected:
@@ -199,6 +232,26 @@ TEST_F(DocumentType, TellsTheVerbsOfTheClassThatTheExtensionNames) {
   auto verbs = shell.DocumentVerbs("C:\\some.folder\\file.pelloratest");
   std::sort(verbs.begin(), verbs.end());
   EXPECT_EQ(verbs, (std::vector<std::string>{"&Open", "print"}));
+}
+
+TEST_F(DocumentType, IsOpenedByItsProgram) {
+  const auto folder = std::filesystem::temp_directory_path();
+  const auto document = folder / "some document.pelloratest", opened = folder / "pellora opened.txt";
+  std::ofstream(document) << "x";
+  std::filesystem::remove(opened);
+  Write("SOFTWARE\\Classes\\Pellora.Test\\Shell\\Open\\command",
+        ("cmd.exe /c echo %1>\"" + opened.string() + "\"").c_str());
+  EXPECT_GT(shell.Execute("Open", document.string(), "", ""), 32);
+  EXPECT_TRUE(Comes(opened, document.string() + "\r\n"));
+  std::filesystem::remove(opened);
+  std::filesystem::remove(document);
+}
+
+TEST_F(DocumentType, IsNotOpenedByAVerbItLacks) {
+  const auto document = std::filesystem::temp_directory_path() / "some document.pelloratest";
+  std::ofstream(document) << "x";
+  EXPECT_LE(shell.Execute("juggle", document.string(), "", ""), 32);
+  std::filesystem::remove(document);
 }
 
 TEST_F(DocumentType, TellsTheVerbsOfTheExtensionWhereItNamesNoClass) {

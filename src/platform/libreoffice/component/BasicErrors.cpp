@@ -1,17 +1,19 @@
 #include "platform/libreoffice/component/BasicErrors.h"
 
 #include <algorithm>
+#include <com/sun/star/lang/WrappedTargetException.hpp>
 #include <iterator>
 #include <new>
 #include <string>
 
-#include "com/sun/star/uno/Exception.hpp"
 #include "platform/libreoffice/uno/Text.h"
 
 namespace pellora::libreoffice {
 namespace {
 
 namespace uno = com::sun::star::uno;
+using com::sun::star::lang::WrappedTargetException;
+using com::sun::star::reflection::InvocationTargetException;
 using com::sun::star::script::BasicErrorException;
 
 constexpr std::int32_t kInvalidUseOfNull = 94;
@@ -59,6 +61,12 @@ std::string BasicText(const Error& error) { return Message(error) + " (" + std::
 BasicErrorException ForBasic(const Error& error, const uno::Reference<uno::XInterface>& source) {
   const rtl::OUString text = Wide(BasicText(error));
   return BasicErrorException(text, source, BasicNumber(error.Number()), text);
+}
+
+InvocationTargetException WrappedForBasic(const Error& error, const uno::Reference<uno::XInterface>& source) {
+  const BasicErrorException inner = ForBasic(error, source);
+  const WrappedTargetException wrapped(inner.Message, source, uno::Any(inner));
+  return InvocationTargetException(inner.Message, source, uno::Any(wrapped));
 }
 
 BasicErrorException ForCallers(const Error& error, const uno::Reference<uno::XInterface>& source) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <com/sun/star/reflection/InvocationTargetException.hpp>
 #include <com/sun/star/script/BasicErrorException.hpp>
 #include <com/sun/star/uno/Reference.hxx>
 #include <com/sun/star/uno/XInterface.hpp>
@@ -20,8 +21,13 @@ std::int32_t BasicNumber(std::int32_t number);
 /// room for the first and the last.
 std::string BasicText(const Error& error);
 
-/// As macros in Basic get it.
+/// As macros in Basic get it from a property they read, or from the making of an object.
 com::sun::star::script::BasicErrorException ForBasic(
+    const Error& error, const com::sun::star::uno::Reference<com::sun::star::uno::XInterface>& source);
+
+/// As macros in Basic get it from everything else: in two wrappers, of which Basic shows nothing. The outer one is what
+/// callers in other processes are prepared for; without the inner one, Basic would not look for its own number.
+com::sun::star::reflection::InvocationTargetException WrappedForBasic(
     const Error& error, const com::sun::star::uno::Reference<com::sun::star::uno::XInterface>& source);
 
 /// As compiled callers get it: with the number as it is.

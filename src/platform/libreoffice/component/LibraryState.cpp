@@ -58,18 +58,35 @@ LibraryState::~LibraryState() {
 }
 
 LibraryState::Membership::Membership(LibraryState* state, PlatformUser& user) : m_state(state), m_user(user) {
-  if (m_state) m_state->m_users.insert(&m_user);
+  if (!m_state) return;
+  const std::lock_guard lock(m_state->m_mutex);
+  m_state->m_users.insert(&m_user);
 }
 
 LibraryState::Membership::~Membership() {
-  if (m_state) m_state->m_users.erase(&m_user);
+  if (!m_state) return;
+  const std::lock_guard lock(m_state->m_mutex);
+  m_state->m_users.erase(&m_user);
+}
+
+void LibraryState::Bury(std::unique_ptr<cPellora> object) {
+  const std::lock_guard lock(m_mutex);
+  m_buried.push_back(std::move(object));
+}
+
+void LibraryState::LetBuriedGo() {
+  std::vector<std::unique_ptr<cPellora>> buried;
+  const std::lock_guard lock(m_mutex);
+  buried.swap(m_buried);
 }
 
 bool LibraryState::IsRunning() const {
+  const std::lock_guard lock(m_mutex);
   return std::any_of(m_users.begin(), m_users.end(), [](const PlatformUser* user) { return user->IsRunning(); });
 }
 
 void LibraryState::OfficeEnds() noexcept {
+  const std::lock_guard lock(m_mutex);
   m_ended = true;
   for (PlatformUser* const user : m_users) user->OfficeEnds();
 }

@@ -3,8 +3,11 @@
 #include <com/sun/star/frame/XTerminateListener.hpp>
 #include <com/sun/star/uno/XComponentContext.hpp>
 #include <memory>
+#include <mutex>
 #include <set>
+#include <vector>
 
+#include "automation/cPellora.h"
 #include "platform/libreoffice/component/LibreOfficePlatform.h"
 
 namespace pellora::libreoffice {
@@ -15,7 +18,7 @@ class PlatformUser {
   virtual ~PlatformUser() = default;
   /// True while a call is carried out; the program is asked to stay for as long.
   virtual bool IsRunning() const = 0;
-  /// The program ends: what was made from the platform goes now. Raises nothing.
+  /// The program ends: what was made from the platform goes now.
   virtual void OfficeEnds() noexcept = 0;
 };
 
@@ -26,7 +29,7 @@ class LibraryState {
  public:
   using Context = com::sun::star::uno::Reference<com::sun::star::uno::XComponentContext>;
 
-  /// The one that lives, or a new one. On the library's thread only.
+  /// The one that lives, or a new one. By one thread at a time.
   static std::shared_ptr<LibraryState> Acquire(const Context& context);
 
   explicit LibraryState(const Context& context);
@@ -47,12 +50,19 @@ class LibraryState {
     PlatformUser& m_user;
   };
 
+  /// Takes an object whose last reference was dropped while another thread is at work in the library, and lets such
+  /// objects go when nobody is.
+  void Bury(std::unique_ptr<cPellora> object);
+  void LetBuriedGo();
+
   bool IsRunning() const;
   void OfficeEnds() noexcept;
 
  private:
   LibreOfficePlatform m_platform;
+  mutable std::mutex m_mutex;
   std::set<PlatformUser*> m_users;
+  std::vector<std::unique_ptr<cPellora>> m_buried;
   com::sun::star::uno::Reference<com::sun::star::frame::XTerminateListener> m_watch;
   Context m_context;
   bool m_ended = false;

@@ -18,7 +18,8 @@ LibreOfficePlatform::LibreOfficePlatform(
                  m_clock,
                  m_eventLog,
                  m_logFiles,
-                 {"Pellora", PELLORA_MAJOR, PELLORA_MINOR, PELLORA_REVISION}} {
+                 {"Pellora", PELLORA_MAJOR, PELLORA_MINOR, PELLORA_REVISION},
+                 false} {
   mGlobal::InstallPlatform(&m_platform);
   InstallTextServices(&m_textServices);
 }

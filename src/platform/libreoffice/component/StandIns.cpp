@@ -1,4 +1,6 @@
 // Stands where the windows and the late-bound objects will be linked from.
+#include <com/sun/star/bridge/oleautomation/Date.hpp>
+
 #include "core/Error.h"
 #include "platform/libreoffice/forms/UnoToolkit.h"
 #include "platform/libreoffice/uno/Text.h"
@@ -42,6 +44,10 @@ Variant FromAny(const Any& value, const Reference<XComponentContext>& context) {
   if (value >>= integer) return integer;
   if (value >>= number) return number;
   if (value >>= real) return real;
+  sal_Int64 wide = 0;
+  if (value >>= wide) return static_cast<double>(wide);
+  com::sun::star::bridge::oleautomation::Date date;
+  if (value >>= date) return Variant::Date(date.Value);
   throw Error(errors::TypeMismatch);
 }
 

@@ -1,7 +1,7 @@
 #include "platform/libreoffice/component/UnoPellora.h"
 
 #include <com/sun/star/beans/PropertyAttribute.hpp>
-#include <com/sun/star/beans/UnknownPropertyException.hpp>
+#include <com/sun/star/beans/theIntrospection.hpp>
 #include <com/sun/star/lang/IllegalArgumentException.hpp>
 #include <cppuhelper/queryinterface.hxx>
 #include <iterator>
@@ -45,13 +45,13 @@ constexpr std::size_t kStrike = 3, kMultiplier = 5, kComTypeListIndex = 9;
 /// Counts a call that is carried out.
 class Running {
  public:
-  explicit Running(int& calls) : m_calls(calls) { ++m_calls; }
+  explicit Running(std::atomic<int>& calls) : m_calls(calls) { ++m_calls; }
   ~Running() { --m_calls; }
   Running(const Running&) = delete;
   Running& operator=(const Running&) = delete;
 
  private:
-  int& m_calls;
+  std::atomic<int>& m_calls;
 };
 
 const ClassMember& KnownMember(const rtl::OUString& name, bool isMethod) {
@@ -101,7 +101,7 @@ script::InvocationInfo InfoOf(const ClassMember& member) {
 
 rtl::Reference<UnoPellora> UnoPellora::Create(const Context& context) {
   try {
-    // The state is made, and looked for, on the library's one thread.
+    // The state is made, and looked for, by one thread at a time.
     const mGlobal::ThreadClaim thisThread;
     return new UnoPellora(context, LibraryState::Acquire(context));
   } catch (...) {
@@ -109,13 +109,33 @@ rtl::Reference<UnoPellora> UnoPellora::Create(const Context& context) {
   }
 }
 
+/// Forgets the last failure before and after a body: a call that was refused while a dialog was up is no failure of the
+/// dialog's own call. One that the body ends with is remembered after that.
+class UnoPellora::Succeeding {
+ public:
+  explicit Succeeding(UnoPellora& object) : m_object(object) { m_object.Remember(Error(0, {}, {})); }
+  ~Succeeding() { m_object.Remember(Error(0, {}, {})); }
+  Succeeding(const Succeeding&) = delete;
+  Succeeding& operator=(const Succeeding&) = delete;
+
+ private:
+  UnoPellora& m_object;
+};
+
 UnoPellora::UnoPellora(const Context& context, std::shared_ptr<LibraryState> state)
     : m_context(context),
       m_state(std::move(state)),
       m_object(std::make_unique<cPellora>()),
       m_membership(m_state.get(), *this) {}
 
-UnoPellora::~UnoPellora() = default;
+UnoPellora::~UnoPellora() {
+  try {
+    const mGlobal::ThreadClaim thisThread;
+    m_object.reset();
+  } catch (const Error&) {
+    if (m_state) m_state->Bury(std::move(m_object));
+  }
+}
 
 rtl::OUString UnoPellora::ImplementationName() { return "Pellora.UnoPellora"; }
 rtl::OUString UnoPellora::ServiceName() { return "Pellora.cPellora"; }
@@ -132,12 +152,24 @@ auto UnoPellora::Run(Body&& body) {
   const Running running(m_running);
   try {
     const mGlobal::ThreadClaim thisThread;
-    m_last = Error(0, {}, {});
+    if (m_state) m_state->LetBuriedGo();
+    const Succeeding succeeding(*this);
     return body();
   } catch (...) {
-    m_last = Caught();
-    throw m_last;
+    const Error error = Caught();
+    Remember(error);
+    throw error;
   }
+}
+
+void UnoPellora::Remember(const Error& last) {
+  const std::lock_guard lock(m_lastMutex);
+  m_last = last;
+}
+
+Error UnoPellora::Last() {
+  const std::lock_guard lock(m_lastMutex);
+  return m_last;
 }
 
 template <class Body>
@@ -146,7 +178,7 @@ auto UnoPellora::RunForBasic(Body&& body) {
   try {
     return Run(std::forward<Body>(body));
   } catch (const Error& error) {
-    throw ForBasic(error, Self());
+    throw WrappedForBasic(error, Self());
   }
 }
 
@@ -167,9 +199,14 @@ cPellora& UnoPellora::Object() {
 
 uno::Reference<uno::XInterface> UnoPellora::Self() { return static_cast<cppu::OWeakObject*>(this); }
 
-void UnoPellora::OfficeEnds() noexcept { m_object.reset(); }
+void UnoPellora::OfficeEnds() noexcept {
+  if (!IsRunning()) m_object.reset();
+}
 
-uno::Reference<beans::XIntrospectionAccess> UnoPellora::getIntrospection() { return {}; }
+uno::Reference<beans::XIntrospectionAccess> UnoPellora::getIntrospection() {
+  // Python uses the answer without a look: none would end the process.
+  return beans::theIntrospection::get(m_context)->inspect(uno::Any(Self()));
+}
 
 uno::Any UnoPellora::invoke(const rtl::OUString& name, const uno::Sequence<uno::Any>& given,
                             uno::Sequence<sal_Int16>& positions, uno::Sequence<uno::Any>& written) {
@@ -188,10 +225,15 @@ void UnoPellora::setValue(const rtl::OUString& name, const uno::Any& value) {
 }
 
 uno::Any UnoPellora::getValue(const rtl::OUString& name) {
+  const rtl::Reference<UnoPellora> self(this);
   const ClassMember* const member = FindClassMember(name);
   // What the last call left is read without being a call itself.
   if (member && member->kind == MemberKind::ReadOnlyProperty) return Get(member->id);
-  return RunForBasic([&] { return Get(KnownMember(name, false).id); });
+  try {
+    return Run([&] { return Get(KnownMember(name, false).id); });
+  } catch (const Error& error) {
+    throw ForBasic(error, Self());
+  }
 }
 
 sal_Bool UnoPellora::hasMethod(const rtl::OUString& name) {
@@ -348,8 +390,8 @@ void UnoPellora::UnloadfrmMaster() {
   RunForCallers([&] { Object().UnloadfrmMaster(); });
 }
 
-sal_Int32 UnoPellora::getErrNumber() { return m_last.Number(); }
-rtl::OUString UnoPellora::getErrSource() { return Wide(m_last.Source()); }
-rtl::OUString UnoPellora::getErrDescription() { return Wide(m_last.Description()); }
+sal_Int32 UnoPellora::getErrNumber() { return Last().Number(); }
+rtl::OUString UnoPellora::getErrSource() { return Wide(Last().Source()); }
+rtl::OUString UnoPellora::getErrDescription() { return Wide(Last().Description()); }
 
 }  // namespace pellora::libreoffice

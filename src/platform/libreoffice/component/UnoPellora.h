@@ -1,12 +1,14 @@
 #pragma once
 
 #include <Pellora/XcPellora.hpp>
+#include <atomic>
 #include <com/sun/star/beans/XExactName.hpp>
 #include <com/sun/star/lang/XServiceInfo.hpp>
 #include <com/sun/star/script/XInvocation2.hpp>
 #include <com/sun/star/uno/XComponentContext.hpp>
 #include <cppuhelper/implbase3.hxx>
 #include <memory>
+#include <mutex>
 #include <rtl/ref.hxx>
 
 #include "automation/cPellora.h"
@@ -36,8 +38,11 @@ using UnoPelloraBase = cppu::WeakImplHelper3<com::sun::star::script::XInvocation
 /// Failures reach Basic with a number that it can hold (`BasicNumber`), and with source, description and number in the
 /// text; `ErrNumber`, `ErrSource` and `ErrDescription` have them apart and whole.
 ///
-/// All objects belong to the thread on which the first living one was made, as long as one lives; every call on
-/// another thread fails. When the office program ends, the object within is let go, and calls fail from then on.
+/// Macros run on the program's main thread; those that another process starts, and that process's own calls, on any.
+/// The library is used by one of them at a time: a call on another thread while one is carried out, a dialog being open
+/// for instance, fails with 5 (invalid procedure call), or 0x80040064 from the creation. Nobody waits for another one.
+/// When the office program ends, the object within is let go, and calls fail from then on; as long as a call is carried
+/// out, the program is kept from ending.
 class UnoPellora final : public UnoPelloraBase, public ::Pellora::XcPellora, private PlatformUser {
  public:
   using Context = com::sun::star::uno::Reference<com::sun::star::uno::XComponentContext>;
@@ -102,6 +107,8 @@ class UnoPellora final : public UnoPelloraBase, public ::Pellora::XcPellora, pri
   rtl::OUString SAL_CALL getErrDescription() override;
 
  private:
+  class Succeeding;
+
   /// Runs a member's body, and remembers how it ended. Failures leave as they are, as `Error`.
   template <class Body>
   auto Run(Body&& body);
@@ -113,6 +120,9 @@ class UnoPellora final : public UnoPelloraBase, public ::Pellora::XcPellora, pri
 
   bool IsRunning() const override { return m_running > 0; }
   void OfficeEnds() noexcept override;
+
+  void Remember(const Error& last);
+  Error Last();
 
   /// The object within. Raises 5 (invalid procedure call) when the office program has ended.
   cPellora& Object();
@@ -126,10 +136,10 @@ class UnoPellora final : public UnoPelloraBase, public ::Pellora::XcPellora, pri
 
   Context m_context;
   // In the order of making: the object needs the platform, also while it is destroyed.
-  mGlobal::ThreadClaim m_thread;
   std::shared_ptr<LibraryState> m_state;
   std::unique_ptr<cPellora> m_object;
-  int m_running = 0;
+  std::atomic<int> m_running{0};
+  std::mutex m_lastMutex;
   Error m_last{0, {}, {}};
   LibraryState::Membership m_membership;
 };

@@ -5,7 +5,7 @@
 
 #include "core/Convert.h"
 #include "platform/libreoffice/uno/Failure.h"
-#include "platform/libreoffice/uno/UnoObject.h"
+#include "platform/libreoffice/uno/UnoDispatch.h"
 
 namespace pellora::libreoffice {
 
@@ -22,7 +22,8 @@ DispatchPtr ApplicationOf(const Reference<css::frame::XModel>& document,
     const auto globals = context->getServiceManager()->createInstanceWithArgumentsAndContext(
         "ooo.vba.excel.Globals", css::uno::Sequence<Any>(&argument, 1), context);
     if (!globals.is()) Refuse("This installation has no object model for macros");
-    return ToObject(ToDispatch(globals, context)->Invoke("Excel", CallKind::Get, {}));
+    const auto session = std::make_shared<Session>(Session{context, document, globals});
+    return ToObject(std::make_shared<UnoDispatch>(globals, session)->Invoke("Excel", CallKind::Get, {}));
   });
 }
 

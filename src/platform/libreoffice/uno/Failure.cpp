@@ -62,7 +62,16 @@ std::int32_t NumberOfBasicError(std::int32_t code) {
   return errors::ApplicationDefined;
 }
 
-Error Make(std::int32_t number, const std::string& text) {
+// The program ends its messages with places in its own source, which say nothing to anyone here.
+std::string WithoutPlaces(std::string text) {
+  const std::size_t place = text.find("at ./");
+  if (place != std::string::npos) text.resize(place);
+  while (text.ends_with(' ')) text.pop_back();
+  return text;
+}
+
+Error Make(std::int32_t number, const std::string& message) {
+  const std::string text = WithoutPlaces(message);
   return Error(number, kSource, text.empty() ? std::string(StandardDescription(number)) : text);
 }
 

@@ -3,6 +3,8 @@
 #include <com/sun/star/script/XDefaultMethod.hpp>
 
 #include "core/Error.h"
+#include "platform/libreoffice/uno/Differences.h"
+#include "platform/libreoffice/uno/Documents.h"
 #include "platform/libreoffice/uno/Failure.h"
 #include "platform/libreoffice/uno/Text.h"
 #include "platform/libreoffice/uno/Values.h"
@@ -38,21 +40,47 @@ Sequence<Any> Padded(const Method& method, std::span<const Variant> arguments) {
 
 }  // namespace
 
-UnoDispatch::UnoDispatch(Object object, Context context)
-    : m_object(std::move(object)), m_context(std::move(context)), m_type(&ObjectType::Of(m_object, m_context)) {}
+UnoDispatch::UnoDispatch(Object object, SessionPtr session)
+    : m_object(std::move(object)),
+      m_session(std::move(session)),
+      m_type(&ObjectType::Of(m_object, m_session->context)),
+      m_seenClosings(ClosedDocuments(m_session->context)) {}
 
 Variant UnoDispatch::Invoke(std::string_view name, CallKind kind, std::span<const Variant> arguments) {
-  return Guarded([&] { return Plain(Lower(name), kind, arguments); });
+  return Guarded([&] {
+    CheckAlive(*this);
+    const Call call{*this, Lower(name), kind, arguments};
+    const Difference* difference = DifferenceFor(call);
+    return difference ? difference->instead(call) : call.Plain();
+  });
 }
 
-bool UnoDispatch::Has(std::string_view name) { return m_type->Find(Lower(name)) != nullptr; }
+bool UnoDispatch::Has(std::string_view name) {
+  const std::string lower = Lower(name);
+  return m_type->Find(lower) || AddsMember(m_type->Kind(), lower);
+}
 
 Variant UnoDispatch::Plain(std::string_view lowerName, CallKind kind, std::span<const Variant> arguments) {
   const Member* member = m_type->Find(lowerName);
   if (!member) throw Error(errors::MemberNotSupported);
-  if (kind == CallKind::Get || kind == CallKind::Call) return FromAny(Read(*member, arguments), m_context);
+  if (kind == CallKind::Get || kind == CallKind::Call)
+    return Adopt(FromAny(Read(*member, arguments), m_session), arguments);
   Write(*member, arguments);
   return {};
+}
+
+// What belongs to a range knows it: a border has no way back to its range.
+Variant UnoDispatch::Adopt(Variant answer, std::span<const Variant> arguments) {
+  if (!answer.Is(Variant::Type::Object)) return answer;
+  auto* child = dynamic_cast<UnoDispatch*>(answer.Object().get());
+  if (!child) return answer;
+  const ObjectKind kind = child->m_type->Kind();
+  const bool part = kind == ObjectKind::Other || kind == ObjectKind::Borders || kind == ObjectKind::Border;
+  if (!part) return answer;
+  if (m_type->Kind() == ObjectKind::Range) child->m_owner = shared_from_this();
+  if (m_owner) child->m_owner = m_owner;
+  if (!arguments.empty()) child->m_index = arguments.front();
+  return answer;
 }
 
 Any UnoDispatch::Raw(std::string_view lowerName) {
@@ -91,7 +119,7 @@ Any UnoDispatch::Indexed(const Any& collection, std::span<const Variant> argumen
   const Reference<css::script::XDefaultMethod> object(collection, css::uno::UNO_QUERY);
   if (!object.is()) throw Error(errors::WrongArgumentCount);
   const std::string name = Lower(Narrow(object->getDefaultMethodName()));
-  UnoDispatch shown(object, m_context);
+  UnoDispatch shown(object, m_session);
   const Member* member = shown.m_type->Find(name);
   if (!member) throw Error(errors::WrongArgumentCount);
   return shown.Read(*member, arguments);

@@ -1,6 +1,8 @@
 #include "platform/libreoffice/uno/UnoObject.h"
 
+#include "platform/libreoffice/uno/Failure.h"
 #include "platform/libreoffice/uno/UnoDispatch.h"
+#include "platform/libreoffice/uno/Values.h"
 
 namespace pellora::libreoffice {
 
@@ -9,7 +11,14 @@ using css::uno::Reference;
 using css::uno::XInterface;
 
 DispatchPtr ToDispatch(const Reference<XInterface>& object, const Reference<css::uno::XComponentContext>& context) {
-  return object.is() ? std::make_shared<UnoDispatch>(object, context) : nullptr;
+  if (!object.is()) return nullptr;
+  return Guarded([&]() -> DispatchPtr {
+    return std::make_shared<UnoDispatch>(object, std::make_shared<Session>(Session{context, {}, {}}));
+  });
+}
+
+Variant FromAny(const css::uno::Any& value, const Reference<css::uno::XComponentContext>& context) {
+  return FromAny(value, std::make_shared<Session>(Session{context, {}, {}}));
 }
 
 Reference<XInterface> FromDispatch(const DispatchPtr& object) {

@@ -12,6 +12,7 @@
 #include "core/Error.h"
 #include "platform/libreoffice/uno/Failure.h"
 #include "platform/libreoffice/uno/Text.h"
+#include "platform/libreoffice/uno/UnoDispatch.h"
 
 namespace pellora::libreoffice {
 namespace {
@@ -23,7 +24,6 @@ using css::uno::Reference;
 using css::uno::Sequence;
 using css::uno::TypeClass;
 using css::uno::XInterface;
-using Context = Reference<css::uno::XComponentContext>;
 
 constexpr std::int32_t kParameterNotFound = static_cast<std::int32_t>(0x80020004);
 constexpr double kCurrencyUnits = 10000;
@@ -44,46 +44,47 @@ Variant FromWide(Whole value) {
 // Rows of values, whatever the sequences hold.
 using Rows = Sequence<Sequence<Any>>;
 
-Any Converted(const Any& value, const css::uno::Type& type, const Context& context) {
+Any Converted(const Any& value, const css::uno::Type& type, const SessionPtr& session) {
   const Reference<css::script::XTypeConverter> converter(
-      context->getServiceManager()->createInstanceWithContext("com.sun.star.script.Converter", context),
+      session->context->getServiceManager()->createInstanceWithContext("com.sun.star.script.Converter",
+                                                                       session->context),
       css::uno::UNO_QUERY_THROW);
   return converter->convertTo(value, type);
 }
 
-Variant FromRows(const Rows& rows, int base, const Context& context) {
+Variant FromRows(const Rows& rows, int base, const SessionPtr& session) {
   const sal_Int32 columns = rows.hasElements() ? rows[0].getLength() : 0;
   auto block = std::make_shared<VariantArray>(rows.getLength(), columns, base, base);
   for (sal_Int32 row = 0; row < rows.getLength(); ++row) {
     if (rows[row].getLength() != columns) throw Error(errors::TypeMismatch);
-    for (sal_Int32 column = 0; column < columns; ++column) block->At(row, column) = FromAny(rows[row][column], context);
+    for (sal_Int32 column = 0; column < columns; ++column) block->At(row, column) = FromAny(rows[row][column], session);
   }
   return block;
 }
 
-Variant FromList(const Sequence<Any>& list, int base, const Context& context) {
+Variant FromList(const Sequence<Any>& list, int base, const SessionPtr& session) {
   auto values = std::make_shared<VariantArray>(1, list.getLength(), base, base, 1);
-  for (sal_Int32 i = 0; i < list.getLength(); ++i) values->At(0, i) = FromAny(list[i], context);
+  for (sal_Int32 i = 0; i < list.getLength(); ++i) values->At(0, i) = FromAny(list[i], session);
   return values;
 }
 
-Variant FromSequence(const Any& value, int base, const Context& context) {
+Variant FromSequence(const Any& value, int base, const SessionPtr& session) {
   Rows rows;
-  if (value >>= rows) return FromRows(rows, base, context);
+  if (value >>= rows) return FromRows(rows, base, session);
   Sequence<Any> list;
-  if (value >>= list) return FromList(list, base, context);
+  if (value >>= list) return FromList(list, base, session);
   const bool nested = value.getValueTypeName().startsWith("[][]");
-  if (nested) return FromRows(HeldIn<Rows>(Converted(value, cppu::UnoType<Rows>::get(), context)), base, context);
-  return FromList(HeldIn<Sequence<Any>>(Converted(value, cppu::UnoType<Sequence<Any>>::get(), context)), base, context);
+  if (nested) return FromRows(HeldIn<Rows>(Converted(value, cppu::UnoType<Rows>::get(), session)), base, session);
+  return FromList(HeldIn<Sequence<Any>>(Converted(value, cppu::UnoType<Sequence<Any>>::get(), session)), base, session);
 }
 
 Variant FromCode(std::int32_t code) {
   return code == kParameterNotFound ? Variant::Missing() : Variant::CellError(code);
 }
 
-Variant FromStruct(const Any& value, const Context& context) {
+Variant FromStruct(const Any& value, const SessionPtr& session) {
   css::script::ArrayWrapper wrapper;
-  if (value >>= wrapper) return FromSequence(wrapper.Array, wrapper.IsZeroIndex ? 0 : 1, context);
+  if (value >>= wrapper) return FromSequence(wrapper.Array, wrapper.IsZeroIndex ? 0 : 1, session);
   ole::Date date;
   if (value >>= date) return Variant::Date(date.Value);
   ole::SCode code;
@@ -93,10 +94,10 @@ Variant FromStruct(const Any& value, const Context& context) {
   throw Error(errors::TypeMismatch);
 }
 
-Variant FromInterface(const Any& value, const Context& context) {
+Variant FromInterface(const Any& value, const SessionPtr& session) {
   const auto object = HeldIn<Reference<XInterface>>(value);
   if (!object.is() && value.getValueType() == cppu::UnoType<XInterface>::get()) return Variant::Null();
-  return ToDispatch(object, context);
+  return object.is() ? DispatchPtr(std::make_shared<UnoDispatch>(object, session)) : DispatchPtr();
 }
 
 Any WholeNumber(std::int32_t number) {
@@ -144,7 +145,7 @@ constexpr Writer kWriters[] = {
 
 }  // namespace
 
-Variant FromAny(const Any& value, const Context& context) {
+Variant FromAny(const Any& value, const SessionPtr& session) {
   switch (value.getValueTypeClass()) {
     case css::uno::TypeClass_VOID: return {};
     case css::uno::TypeClass_BOOLEAN: return static_cast<bool>(HeldIn<bool>(value));
@@ -160,9 +161,9 @@ Variant FromAny(const Any& value, const Context& context) {
     case css::uno::TypeClass_DOUBLE: return HeldIn<double>(value);
     case css::uno::TypeClass_CHAR: return Narrow(rtl::OUString(*static_cast<const sal_Unicode*>(value.getValue())));
     case css::uno::TypeClass_STRING: return Narrow(HeldIn<rtl::OUString>(value));
-    case css::uno::TypeClass_SEQUENCE: return Guarded([&] { return FromSequence(value, 0, context); });
-    case css::uno::TypeClass_STRUCT: return Guarded([&] { return FromStruct(value, context); });
-    case css::uno::TypeClass_INTERFACE: return FromInterface(value, context);
+    case css::uno::TypeClass_SEQUENCE: return Guarded([&] { return FromSequence(value, 0, session); });
+    case css::uno::TypeClass_STRUCT: return Guarded([&] { return FromStruct(value, session); });
+    case css::uno::TypeClass_INTERFACE: return FromInterface(value, session);
     default: throw Error(errors::TypeMismatch);
   }
 }

@@ -2,6 +2,8 @@
 
 #include <com/sun/star/uno/TypeClass.hpp>
 
+#include "core/Variant.h"
+#include "platform/libreoffice/uno/Session.h"
 #include "platform/libreoffice/uno/UnoObject.h"
 
 /// Values between the library and the office program.
@@ -25,6 +27,9 @@
 /// On the way back an integer that fits becomes a short, as the program's own macro language has it: some members take
 /// nothing wider. A missing argument becomes void.
 namespace pellora::libreoffice {
+
+/// As `FromAny` in UnoObject.h; objects belong to the session.
+Variant FromAny(const com::sun::star::uno::Any& value, const SessionPtr& session);
 
 /// A value for a parameter or a property of that type: converted as a macro's argument is. Raises 13 or 6 when it does
 /// not convert.

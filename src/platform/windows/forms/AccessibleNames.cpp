@@ -21,6 +21,8 @@ AccessibleNames::AccessibleNames() : m_services(Services()) {}
 void AccessibleNames::Set(HWND window, std::string_view name) {
   if (!m_services) return;
   m_services.get()->SetHwndPropStr(window, kClientArea, CHILDID_SELF, PROPID_ACC_NAME, Wide(name).c_str());
+  // One that reads the window already asks anew.
+  ::NotifyWinEvent(EVENT_OBJECT_NAMECHANGE, window, OBJID_CLIENT, CHILDID_SELF);
 }
 
 void AccessibleNames::Clear(HWND window) {

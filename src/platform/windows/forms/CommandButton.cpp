@@ -76,7 +76,16 @@ CommandButtonPeer::CommandButtonPeer(WindowsFormPeer& form, pellora::CommandButt
 
 void CommandButtonPeer::FontChanged() {
   PeerOf::FontChanged();
-  if (Self().Picture() == ButtonPicture::None) return;
+  DrawPicture();
+}
+
+void CommandButtonPeer::ColoursChanged() {
+  PeerOf::ColoursChanged();
+  DrawPicture();
+}
+
+void CommandButtonPeer::DrawPicture() {
+  if (!Window() || Self().Picture() == ButtonPicture::None) return;
   IconOwner arrow(MakeArrow(m_form.GetFonts().Scale(kArrowDip), Self().Picture() == ButtonPicture::ArrowUp));
   Send(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(arrow.get()));
   m_picture = std::move(arrow);

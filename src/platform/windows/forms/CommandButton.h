@@ -12,6 +12,7 @@ class CommandButtonPeer : public PeerOf<pellora::CommandButton> {
   CommandButtonPeer(WindowsFormPeer& form, pellora::CommandButton& button);
 
   void FontChanged() override;
+  void ColoursChanged() override;
   /// Draws the heavier border of the button that Enter presses.
   void ShowAsDefault(bool isDefault);
 
@@ -20,6 +21,8 @@ class CommandButtonPeer : public PeerOf<pellora::CommandButton> {
   void OnCommand(WORD code) override;
 
  private:
+  void DrawPicture();
+
   IconOwner m_picture;
 };
 

@@ -82,6 +82,10 @@ void WindowsControlPeer::FontChanged() {
   if (m_window) Send(WM_SETFONT, reinterpret_cast<WPARAM>(Font()), TRUE);
 }
 
+void WindowsControlPeer::ColoursChanged() {
+  if (m_window) Send(WM_SYSCOLORCHANGE);
+}
+
 HFONT WindowsControlPeer::Font() const { return m_form.GetFonts().Get(TextStyle::Normal); }
 
 void WindowsControlPeer::RefreshState() {
@@ -105,9 +109,21 @@ void WindowsControlPeer::Make(const wchar_t* windowClass, DWORD style, DWORD exS
   if (!m_window) throw Error(errors::OutOfMemory);
   FontChanged();
   UpdateToolTip();
-  // A picture or three dots name nothing, and a label may stand elsewhere than in front of its control.
-  const auto name = m_control.AccessibleName();
-  if (!name.empty() && name != DisplayText(m_control.Caption())) m_form.Names().Set(m_window, name);
+  RefreshName();
+}
+
+void WindowsControlPeer::RefreshName() {
+  if (!m_window) return;
+  // A picture or three dots name nothing, a label may stand elsewhere than in front of its control, and a doubled
+  // ampersand would be read doubled.
+  auto name = m_control.AccessibleName();
+  if (name == m_control.Caption()) name.clear();
+  if (name == m_toldName) return;
+  if (name.empty())
+    m_form.Names().Clear(m_window);
+  else
+    m_form.Names().Set(m_window, name);
+  m_toldName = std::move(name);
 }
 
 LRESULT WindowsControlPeer::Send(UINT message, WPARAM wide, LPARAM low) const {
@@ -116,6 +132,7 @@ LRESULT WindowsControlPeer::Send(UINT message, WPARAM wide, LPARAM low) const {
 
 void WindowsControlPeer::SetWindowCaption() {
   ::SetWindowTextW(m_window, NativeCaption(m_control.Caption(), m_control.AccessKey()).c_str());
+  m_form.RefreshNames();
   m_form.RequestLayout();
 }
 

@@ -46,6 +46,10 @@ class WindowsControlPeer : public ControlPeer {
   virtual void Placed() {}
   /// The form has new fonts.
   virtual void FontChanged();
+  /// The system has new colours.
+  virtual void ColoursChanged();
+  /// Tells assistive programs the control's name as it is now.
+  void RefreshName();
   /// Enables and shows the child as the control and everything around it say.
   void RefreshState();
 
@@ -85,6 +89,8 @@ class WindowsControlPeer : public ControlPeer {
 
   pellora::Control& m_control;
   HWND m_window = nullptr;
+  /// The name told to assistive programs because the window's own text is another; may be empty.
+  std::string m_toldName;
   int m_silent = 0;
 };
 

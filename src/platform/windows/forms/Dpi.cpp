@@ -6,8 +6,10 @@
 namespace pellora::windows {
 namespace {
 
-// DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2: the constant is missing where the header is set to older systems.
+// DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2 and its first version, which the first systems with displays of different
+// scales have alone, and Wine 8: the constants are missing where the header is set to older systems.
 void* const kPerMonitorV2 = reinterpret_cast<void*>(static_cast<INT_PTR>(-4));
+void* const kPerMonitor = reinterpret_cast<void*>(static_cast<INT_PTR>(-3));
 
 // The awareness the host's thread had when the outermost scope began. Calls into the host are made far away from the
 // code that opened that scope, so it cannot be handed along.
@@ -26,6 +28,11 @@ Function Find(const char* name) {
 void* SetContext(void* context) {
   static const auto set = Find<void*(WINAPI*)(void*)>("SetThreadDpiAwarenessContext");
   return set && context ? set(context) : nullptr;
+}
+
+void* SetPerMonitor() {
+  const auto previous = SetContext(kPerMonitorV2);
+  return previous ? previous : SetContext(kPerMonitor);
 }
 
 int SystemDpi() {
@@ -52,7 +59,7 @@ LOGFONTW FallbackFont(int dpi) {
 
 }  // namespace
 
-DpiScope::DpiScope() : m_previous(SetContext(kPerMonitorV2)), m_outermost(m_previous && !hostContext) {
+DpiScope::DpiScope() : m_previous(SetPerMonitor()), m_outermost(m_previous && !hostContext) {
   if (m_outermost) hostContext = m_previous;
 }
 

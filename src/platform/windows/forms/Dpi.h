@@ -5,7 +5,8 @@
 namespace pellora::windows {
 
 /// While one lives, windows that the thread makes and places that it asks for are in real pixels of each display
-/// (per-monitor awareness, version 2), whatever the host has chosen. Does nothing on systems without that.
+/// (per-monitor awareness, version 2 where the system has it), whatever the host has chosen. Does nothing on systems
+/// without that.
 class DpiScope {
  public:
   DpiScope();

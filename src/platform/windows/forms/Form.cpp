@@ -64,6 +64,12 @@ void WindowsFormPeer::MakeWindow() {
 void WindowsFormPeer::MakeTips() {
   m_tips = ::CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX, 0, 0, 0, 0, Window(),
                              nullptr, m_surroundings.module, nullptr);
+  FollowTipsFont();
+}
+
+void WindowsFormPeer::FollowTipsFont() {
+  // Tips take the font of the scale at which the program was started.
+  if (m_tips) ::SendMessageW(m_tips, WM_SETFONT, reinterpret_cast<WPARAM>(m_fonts->Get(TextStyle::Normal)), FALSE);
 }
 
 void WindowsFormPeer::MakePeers() {
@@ -82,6 +88,7 @@ void WindowsFormPeer::SetFonts(int dpi) {
   auto before = std::move(m_fonts);
   m_fonts.emplace(dpi);
   for (auto* peer : m_peers) peer->FontChanged();
+  FollowTipsFont();
 }
 
 void WindowsFormPeer::Lost() {
@@ -107,6 +114,10 @@ void WindowsFormPeer::CaptionChanged() {
 void WindowsFormPeer::RequestLayout() {
   if (m_layoutAsked || !IsShown()) return;
   m_layoutAsked = ::PostMessageW(Window(), kLayOutAgain, 0, 0) != FALSE;
+}
+
+void WindowsFormPeer::RefreshNames() {
+  for (auto* peer : m_peers) peer->RefreshName();
 }
 
 void WindowsFormPeer::RefreshStates(pellora::Control& changed) {
@@ -156,6 +167,7 @@ INT_PTR WindowsFormPeer::OnMessage(UINT message, WPARAM wide, LPARAM low) {
     case WM_GETMINMAXINFO: OnMinMaxInfo(*reinterpret_cast<MINMAXINFO*>(low)); return TRUE;
     case WM_CTLCOLORSTATIC: return OnBackground(reinterpret_cast<HDC>(wide), PeerAt(reinterpret_cast<HWND>(low)));
     case WM_DPICHANGED: OnDpiChanged(HIWORD(wide), *reinterpret_cast<const RECT*>(low)); return TRUE;
+    case WM_SYSCOLORCHANGE: OnColoursChanged(); return TRUE;
     case WM_DESTROY: Lost(); return FALSE;
     default: return FALSE;
   }
@@ -173,6 +185,12 @@ INT_PTR WindowsFormPeer::OnBackground(HDC surface, const WindowsControlPeer* pee
   const auto brush = peer && !isText ? BackgroundOnTabs(peer->GetControl()) : nullptr;
   if (brush) ::SetBkMode(surface, TRANSPARENT);
   return reinterpret_cast<INT_PTR>(brush);
+}
+
+void WindowsFormPeer::OnColoursChanged() {
+  // The system tells windows of the top only.
+  for (auto* peer : m_peers) peer->ColoursChanged();
+  ::RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
 }
 
 void WindowsFormPeer::OnActivate(bool active) {

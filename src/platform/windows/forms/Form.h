@@ -61,12 +61,15 @@ class WindowsFormPeer : public FormPeer {
   /// A control, or a container around others, can be used or not any more.
   void RefreshStates(pellora::Control& changed);
   void FocusMoved(pellora::Control& control);
+  /// A text has changed that may name another control to assistive programs.
+  void RefreshNames();
   void Forget(WindowsControlPeer& peer);
 
  private:
   // Life
   void MakeWindow();
   void MakeTips();
+  void FollowTipsFont();
   void MakePeers();
   void SetFonts(int dpi);
   int DisplayDpi() const;
@@ -86,6 +89,8 @@ class WindowsFormPeer : public FormPeer {
 
   // Modal showing
   void Run();
+  static int NextMessage(MSG& message);
+  static void Dispatch(const MSG& message);
   void Raise();
   void Leave(HWND owner);
 
@@ -109,6 +114,7 @@ class WindowsFormPeer : public FormPeer {
   void OnActivate(bool active);
   void OnMinMaxInfo(MINMAXINFO& info) const;
   void OnDpiChanged(int dpi, const RECT& suggested);
+  void OnColoursChanged();
   INT_PTR OnNotify(const NMHDR& header);
 
   pellora::Form& m_form;

@@ -3,6 +3,7 @@
 
 #include "forms/TextBox.h"
 #include "platform/windows/forms/CommandButton.h"
+#include "platform/windows/forms/Dpi.h"
 #include "platform/windows/forms/Form.h"
 
 namespace pellora::windows {
@@ -38,13 +39,17 @@ bool TakesLineBreaks(const WindowsControlPeer* peer) {
   return box.MultiLine() && !box.ReadOnly();
 }
 
+/// What a dialog of the platform does too: the host may watch for its keys there.
+bool HostFilters(MSG message) {
+  const HostDpiScope hostDpi;
+  return ::CallMsgFilterW(&message, MSGF_DIALOGBOX) != FALSE;
+}
+
 }  // namespace
 
 bool WindowsFormPeer::Translate(const MSG& message) {
   if (!m_window || (message.hwnd != Window() && !::IsChild(Window(), message.hwnd))) return false;
-  // What a dialog of the platform does too: the host may watch for its keys there.
-  MSG copy = message;
-  if (::CallMsgFilterW(&copy, MSGF_DIALOGBOX)) return true;
+  if (HostFilters(message)) return true;
   auto* peer = PeerAt(message.hwnd);
   const auto use = peer ? peer->Use(message) : WindowsControlPeer::KeyUse::Form;
   if (use != WindowsControlPeer::KeyUse::Form) return use == WindowsControlPeer::KeyUse::Done;

@@ -37,16 +37,27 @@ void WindowsFormPeer::Raise() {
   if (m_window) ::UpdateWindow(Window());
 }
 
+// The host's timers and its hooks run in here too, for which the system does not change the awareness, as it does for
+// procedures of windows, the form's included. What the form makes of keys runs in its own.
+int WindowsFormPeer::NextMessage(MSG& message) {
+  const HostDpiScope hostDpi;
+  return ::GetMessageW(&message, nullptr, 0, 0);
+}
+
+void WindowsFormPeer::Dispatch(const MSG& message) {
+  const HostDpiScope hostDpi;
+  ::TranslateMessage(&message);
+  ::DispatchMessageW(&message);
+}
+
 void WindowsFormPeer::Run() {
   MSG message{};
   while (!m_ended) {
-    const auto got = ::GetMessageW(&message, nullptr, 0, 0);
+    const auto got = NextMessage(message);
     // The end of the program is for the loops around this one too.
     if (got == 0) ::PostQuitMessage(static_cast<int>(message.wParam));
     if (got <= 0) return;
-    if (Translate(message)) continue;
-    ::TranslateMessage(&message);
-    ::DispatchMessageW(&message);
+    if (!Translate(message)) Dispatch(message);
   }
 }
 

@@ -130,8 +130,11 @@ void WindowsFormPeer::FitToContent() {
   const auto grows = m_form.BorderStyle() == BorderStyle::Sizable;
   const Size wanted{grows ? std::max(least.width, now.Width()) : least.width,
                     grows ? std::max(least.height, now.Height()) : least.height};
-  if (wanted != Size{now.Width(), now.Height()})
-    ::SetWindowPos(Window(), nullptr, 0, 0, wanted.width, wanted.height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  RECT outer{now.left, now.top, now.left + wanted.width, now.top + wanted.height};
+  if (wanted.width > now.Width() || wanted.height > now.Height()) outer = MovedInside(outer, WorkAreaNear(outer));
+  if (FromNative(outer) != now)
+    ::SetWindowPos(Window(), nullptr, static_cast<int>(outer.left), static_cast<int>(outer.top), wanted.width,
+                   wanted.height, SWP_NOZORDER | SWP_NOACTIVATE);
   LayOut();
 }
 
@@ -163,11 +166,13 @@ bool WindowsFormPeer::SetPlacement(const Placement& placement) {
   if (!m_window) return false;
   auto normal = ToNative(placement.normal);
   const auto least = OuterOf(LeastClient());
+  // A place remembered at a smaller scale: the buttons at the end would be off the display.
+  const auto grows = WidthOf(normal) < least.width || HeightOf(normal) < least.height;
   normal.right = std::max<LONG>(normal.right, normal.left + least.width);
   normal.bottom = std::max<LONG>(normal.bottom, normal.top + least.height);
   const auto origin = WorkspaceOrigin();
   ::OffsetRect(&normal, origin.x, origin.y);
-  normal = Reachable(normal);
+  normal = grows ? MovedInside(normal, WorkAreaNear(normal)) : Reachable(normal);
   ::OffsetRect(&normal, -origin.x, -origin.y);
 
   m_showCommand = placement.showCommand;
@@ -220,6 +225,9 @@ void WindowsFormPeer::OnMinMaxInfo(MINMAXINFO& info) const {
 
 void WindowsFormPeer::OnDpiChanged(int dpi, const RECT& suggested) {
   if (m_surroundings.forcedDpi) return;
+  // Painted once at the end, not after each of many changes.
+  const auto shown = IsShown();
+  if (shown) ::SendMessageW(Window(), WM_SETREDRAW, FALSE, 0);
   SetFonts(dpi);
   const auto least = OuterOf(LeastClient());
   const auto fixed = m_form.BorderStyle() != BorderStyle::Sizable;
@@ -227,6 +235,9 @@ void WindowsFormPeer::OnDpiChanged(int dpi, const RECT& suggested) {
   const auto height = fixed ? least.height : std::max<int>(least.height, HeightOf(suggested));
   ::SetWindowPos(Window(), nullptr, suggested.left, suggested.top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
   LayOut();
+  if (!shown) return;
+  ::SendMessageW(Window(), WM_SETREDRAW, TRUE, 0);
+  ::RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
 }
 
 }  // namespace pellora::windows

@@ -32,6 +32,8 @@ GridPeer::GridPeer(WindowsFormPeer& form, pellora::Grid& grid) : PeerOf(form, gr
   constexpr auto looks = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER;
   Send(LVM_SETEXTENDEDLISTVIEWSTYLE, looks, looks);
   ::SetWindowTheme(Window(), L"Explorer", nullptr);
+  // The module of the list keeps the colours that were the system's when it was last told of new ones.
+  ColoursChanged();
   AddColumns();
   m_ready = true;
   for (const auto aspect : {Aspect::Columns, Aspect::Rows, Aspect::CurrentRow}) Changed(aspect);
@@ -99,6 +101,16 @@ void GridPeer::FontChanged() {
   m_dragged = false;
   SetRowHeight();
   if (m_ready) Placed();
+}
+
+void GridPeer::ColoursChanged() {
+  PeerOf::ColoursChanged();
+  if (!Window()) return;
+  // A list keeps the ground it was made with, and Wine's never follows.
+  const auto ground = static_cast<LPARAM>(::GetSysColor(COLOR_WINDOW));
+  Send(LVM_SETBKCOLOR, 0, ground);
+  Send(LVM_SETTEXTBKCOLOR, 0, ground);
+  Send(LVM_SETTEXTCOLOR, 0, static_cast<LPARAM>(::GetSysColor(COLOR_WINDOWTEXT)));
 }
 
 void GridPeer::SetRowHeight() {

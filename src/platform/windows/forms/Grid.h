@@ -15,6 +15,7 @@ class GridPeer : public PeerOf<pellora::Grid> {
 
   void Placed() override;
   void FontChanged() override;
+  void ColoursChanged() override;
 
  protected:
   void Update(Aspect aspect) override;

@@ -14,13 +14,21 @@ ListBoxPeer::ListBoxPeer(WindowsFormPeer& form, pellora::ListBox& list) : PeerOf
   Changed(Aspect::ListIndex);
 }
 
+void ListBoxPeer::FontChanged() {
+  PeerOf::FontChanged();
+  FollowWidth();
+}
+
 void ListBoxPeer::FollowItems() {
   const auto changed = m_items.Follow(
       Self().Items(), [&](int index) { Send(LB_DELETESTRING, static_cast<WPARAM>(index)); },
       [&](int index, const std::string& item) {
         Send(LB_INSERTSTRING, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(Wide(item).c_str()));
       });
-  if (!changed) return;
+  if (changed) FollowWidth();
+}
+
+void ListBoxPeer::FollowWidth() {
   int widest = 0;
   for (const auto& item : Self().Items())
     widest = std::max(widest, m_form.GetFonts().Measure(item, TextStyle::Normal).width);

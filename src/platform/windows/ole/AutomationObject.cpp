@@ -85,7 +85,19 @@ bool KnowsName(ITypeInfo* type, std::string_view name, DISPID id) {
 void InstallCallHook(CallHook* hook) { g_hook = hook; }
 
 AutomationObject::AutomationObject(IDispatch* object) : m_object(object), m_extended(m_object.As<IDispatchEx>()) {}
-AutomationObject::~AutomationObject() = default;
+
+// The last count of an object runs what its class does at its end.
+AutomationObject::~AutomationObject() {
+  const auto release = [this] {
+    m_type.reset();
+    m_extended.reset();
+    m_object.reset();
+  };
+  if (g_hook)
+    g_hook->Around(std::ref(release));
+  else
+    release();
+}
 
 unsigned long AutomationObject::Lookups() { return g_lookups; }
 

@@ -12,8 +12,8 @@ struct IDispatchEx;
 
 namespace pellora::ole {
 
-/// Stands around every call that leaves the library through an `AutomationObject`, so that what the host expects of its
-/// thread (its dpi awareness) is back in place while its code runs. Calls nest.
+/// Stands around every call that leaves the library through an `AutomationObject`, its release included, so that what
+/// the host expects of its thread (its dpi awareness) is back in place while its code runs. Calls nest.
 class CallHook {
  public:
   virtual ~CallHook() = default;

@@ -72,6 +72,8 @@ HRESULT ComPellora::Create(REFIID id, void** object) {
   return made->QueryInterface(id, object);
 }
 
+HRESULT ComPellora::ReportFailedCreation() noexcept { return ole::ReportCaught(__uuidof(_cPellora), kSource); }
+
 HRESULT ComPellora::QueryInterface(REFIID id, void** object) noexcept {
   if (!object) return E_POINTER;
   *object = nullptr;

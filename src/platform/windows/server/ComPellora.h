@@ -24,6 +24,8 @@ class ComPellora final : public _cPellora, public ISupportErrorInfo {
   /// Makes the object and answers an interface of it. Raises 0x80040064, "cPellora component failure", of source
   /// "Pellora.cPellora.Class_Initialize" when that fails, for whatever reason.
   static HRESULT Create(REFIID id, void** object);
+  /// Gives what is being caught to the creator, with number, source and description.
+  static HRESULT ReportFailedCreation() noexcept;
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) noexcept override;
   ULONG STDMETHODCALLTYPE AddRef() noexcept override;

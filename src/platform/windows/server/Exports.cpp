@@ -1,9 +1,15 @@
+#include <algorithm>
+#include <string>
+#include <string_view>
+
 #include "Pellora_idl.h"
+#include "platform/windows/ole/ClassFactory.h"
 #include "platform/windows/ole/Failure.h"
-#include "platform/windows/ole/ModuleReference.h"
-#include "platform/windows/server/ClassFactory.h"
+#include "platform/windows/server/ComPellora.h"
 #include "platform/windows/server/Module.h"
 #include "platform/windows/server/Registration.h"
+#include "platform/windows/services/WindowsLogFiles.h"
+#include "platform/windows/services/WindowsTextServices.h"
 
 // The run time's own, which no header declares.
 extern "C" const IMAGE_TLS_DIRECTORY _tls_used;
@@ -35,6 +41,29 @@ HRESULT ChangeRegistration(bool install, windows::Audience audience) noexcept {
   }
 }
 
+// What "regsvr32 /i:" passes on: "user" for the user alone, and behind a comma a file for the text of a failure, of
+// which a script that calls it silently would hear nothing but that it failed.
+struct InstallRequest {
+  explicit InstallRequest(std::wstring_view commandLine) {
+    const auto comma = std::min(commandLine.find(L','), commandLine.size());
+    const std::wstring word(commandLine.substr(0, comma));
+    if (lstrcmpiW(word.c_str(), L"user") == 0) audience = windows::Audience::User;
+    if (comma < commandLine.size()) report = commandLine.substr(comma + 1);
+  }
+  windows::Audience audience = windows::Audience::Machine;
+  std::wstring report;
+};
+
+// Leaves the thread's error object as it was.
+void WriteReport(const std::wstring& file) {
+  ole::ComPtr<IErrorInfo> failure;
+  if (GetErrorInfo(0, failure.put()) != S_OK) return;
+  ole::BStr text;
+  failure->GetDescription(text.put());
+  SetErrorInfo(0, failure.get());
+  windows::WindowsLogFiles().Append(ole::Narrow(file), windows::ToAnsi(text.Text()) + "\r\n");
+}
+
 // The compiler's run time keeps a record with two handles for each thread it was used by, and gives it back only at
 // the thread's end. The host's thread goes on after an unload, so its end is told here, to the callbacks of this
 // module.
@@ -62,7 +91,7 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** object) {
   return Door([&] {
     if (!object) return E_POINTER;
     *object = nullptr;
-    return IsEqualCLSID(classId, __uuidof(::cPellora)) ? windows::ClassFactory::Create(id, object)
+    return IsEqualCLSID(classId, __uuidof(::cPellora)) ? ole::ClassFactory<windows::ComPellora>::Create(id, object)
                                                        : CLASS_E_CLASSNOTAVAILABLE;
   });
 }
@@ -75,6 +104,10 @@ STDAPI DllUnregisterServer() { return ChangeRegistration(false, windows::Audienc
 
 // "regsvr32 /n /i:user" registers for the user alone, which needs no rights on the machine.
 STDAPI DllInstall(BOOL install, PCWSTR commandLine) {
-  const bool user = commandLine && lstrcmpiW(commandLine, L"user") == 0;
-  return ChangeRegistration(install, user ? windows::Audience::User : windows::Audience::Machine);
+  return Door([&] {
+    const InstallRequest request(commandLine ? commandLine : L"");
+    const HRESULT code = ChangeRegistration(install, request.audience);
+    if (FAILED(code) && !request.report.empty()) WriteReport(request.report);
+    return code;
+  });
 }

@@ -1,0 +1,52 @@
+#include "platform/libreoffice/forms/CommandButton.h"
+
+#include <com/sun/star/awt/ImageAlign.hpp>
+#include <com/sun/star/awt/XButton.hpp>
+#include <com/sun/star/awt/XStyleSettings.hpp>
+#include <com/sun/star/awt/XStyleSettingsSupplier.hpp>
+#include <com/sun/star/graphic/XGraphic.hpp>
+
+#include "platform/libreoffice/forms/Arrow.h"
+#include "platform/libreoffice/forms/Form.h"
+
+namespace pellora::libreoffice {
+namespace {
+
+constexpr int kArrowDip = 16;
+
+}  // namespace
+
+CommandButtonPeer::CommandButtonPeer(UnoFormPeer& form, pellora::CommandButton& button) : PeerOf(form, button) {
+  Make("pushbutton");
+  SetCaption();
+  if (button.Picture() != ButtonPicture::None) WhileThere([&] { SetPicture(); });
+  WhileThere([&] { m_window.As<awt::XButton>()->addActionListener(Listener()); });
+}
+
+void CommandButtonPeer::SetCaption() {
+  const auto button = m_window.As<awt::XButton>();
+  if (button.is() && Self().Picture() == ButtonPicture::None) button->setLabel(Caption());
+}
+
+void CommandButtonPeer::SetPicture() {
+  const auto styles = m_window.As<awt::XStyleSettingsSupplier>()->getStyleSettings();
+  const auto colour = static_cast<std::uint32_t>(styles->getButtonTextColor());
+  const auto side = m_form.GetFonts().Scale(kArrowDip);
+  const auto arrow = Arrow(m_form.GetContext(), side, Self().Picture() == ButtonPicture::ArrowUp, colour);
+  m_window.Set("ImageAlign", uno::Any(awt::ImageAlign::TOP));
+  m_window.Set("Graphic", uno::Any(arrow));
+}
+
+void CommandButtonPeer::ShowAsDefault(bool isDefault) { m_window.Set("DefaultButton", uno::Any(isDefault)); }
+
+void CommandButtonPeer::Update(Aspect aspect) {
+  if (aspect != Aspect::Text) return;
+  SetCaption();
+  m_form.RequestLayout();
+}
+
+void CommandButtonPeer::OnReport(Happening happening) {
+  if (happening == Happening::Action) Self().PeerClick();
+}
+
+}  // namespace pellora::libreoffice

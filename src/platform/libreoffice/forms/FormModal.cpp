@@ -1,0 +1,81 @@
+#include <com/sun/star/awt/XTopWindow.hpp>
+
+#include "platform/libreoffice/forms/Form.h"
+#include "platform/libreoffice/forms/Modal.h"
+
+namespace pellora::libreoffice {
+
+void UnoFormPeer::ShowModal() {
+  m_ended = false;
+  if (m_window) {
+    FitToContent();
+    const OthersDisabled others(m_context, WindowToBeOver(m_context));
+    const ModalScope innermost(this);
+    m_running = true;
+    Run();
+    m_running = m_up = m_active = false;
+  }
+  if (!m_window) m_form.PeerClose();
+}
+
+void UnoFormPeer::EndModal() {
+  m_ended = true;
+  if (m_running) RememberState();
+  m_up = false;
+  if (m_dialog.is()) WhileThere([&] { m_dialog->endExecute(); });
+}
+
+void UnoFormPeer::Run() {
+  // The toolkit's dialog always ends when its window is closed; one that is not to be closed comes up again.
+  while (m_window && !m_ended) {
+    m_closeRefused = false;
+    m_up = m_active = false;
+    m_ear->CallBack(m_context);
+    const auto shown = Execute();
+    if (!m_window || m_ended || (shown && m_closeRefused)) continue;
+    // The program ends, or does not show dialogs at all.
+    m_form.PeerClose();
+    return;
+  }
+}
+
+bool UnoFormPeer::Execute() {
+  bool shown = false;
+  WhileThere([&] {
+    // The dialog may go while it is shown.
+    const auto dialog = m_dialog;
+    dialog->execute();
+    shown = true;
+  });
+  return shown;
+}
+
+void UnoFormPeer::ComeUp() {
+  if (!IsShown()) return;
+  m_up = m_active = true;
+  for (auto* peer : std::vector(m_peers)) peer->RestoreCaption();
+  LayOut();
+  FocusActive();
+  m_form.PeerActivate();
+}
+
+void UnoFormPeer::OnActivate(bool active) {
+  const auto was = std::exchange(m_active, active);
+  if (!m_up || !active || was || InnermostForm() != this) return;
+  FocusActive();
+  m_form.PeerActivate();
+}
+
+void UnoFormPeer::OnClosing() {
+  if (!m_running || InnermostForm() != this) return;
+  RememberState();
+  m_form.PeerClose();
+  m_closeRefused = !m_ended;
+}
+
+void UnoFormPeer::BringToFront() {
+  const auto window = m_window.As<awt::XTopWindow>();
+  if (window.is() && IsShown()) WhileThere([&] { window->toFront(); });
+}
+
+}  // namespace pellora::libreoffice

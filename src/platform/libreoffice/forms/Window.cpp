@@ -1,0 +1,66 @@
+#include "platform/libreoffice/forms/Window.h"
+
+#include <com/sun/star/awt/PosSize.hpp>
+#include <com/sun/star/awt/WindowDescriptor.hpp>
+
+#include "core/Error.h"
+
+namespace pellora::libreoffice {
+
+void Window::Make(const uno::Reference<awt::XToolkit>& toolkit, const uno::Reference<awt::XWindowPeer>& parent,
+                  const char* kind, sal_Int32 attributes, awt::WindowClass windowClass) {
+  awt::WindowDescriptor wanted;
+  wanted.Type = windowClass;
+  wanted.WindowServiceName = rtl::OUString::createFromAscii(kind);
+  wanted.Parent = parent;
+  wanted.ParentIndex = -1;
+  wanted.WindowAttributes = attributes;
+  uno::Reference<awt::XWindowPeer> made;
+  WhileThere([&] { made = toolkit->createWindow(wanted); });
+  if (!made.is()) throw Error(errors::OutOfMemory);
+  attach(made);
+}
+
+void Window::attach(const uno::Reference<awt::XWindowPeer>& peer) {
+  reset();
+  m_peer = peer;
+  m_window.set(peer, uno::UNO_QUERY);
+  m_properties.set(peer, uno::UNO_QUERY);
+}
+
+void Window::reset() {
+  const auto peer = m_peer;
+  detach();
+  if (peer.is()) WhileThere([&] { peer->dispose(); });
+}
+
+void Window::detach() {
+  m_peer.clear();
+  m_window.clear();
+  m_properties.clear();
+}
+
+void Window::Set(const char* property, const uno::Any& value) const {
+  if (m_properties.is())
+    WhileThere([&] { m_properties->setProperty(rtl::OUString::createFromAscii(property), value); });
+}
+
+void Window::Place(const Rect& bounds) const {
+  if (!m_window.is()) return;
+  WhileThere(
+      [&] { m_window->setPosSize(bounds.left, bounds.top, bounds.Width(), bounds.Height(), awt::PosSize::POSSIZE); });
+}
+
+void Window::Enable(bool enabled) const {
+  if (m_window.is()) WhileThere([&] { m_window->setEnable(enabled); });
+}
+
+void Window::Show(bool visible) const {
+  if (m_window.is()) WhileThere([&] { m_window->setVisible(visible); });
+}
+
+void Window::Focus() const {
+  if (m_window.is()) WhileThere([&] { m_window->setFocus(); });
+}
+
+}  // namespace pellora::libreoffice

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/libreoffice/uno/Differences.h"
+
+/// The rows of the table that are about what cells hold.
+namespace pellora::libreoffice {
+
+Variant ReadValue(const Call& call);
+/// As `ReadValue`, dates as their numbers.
+Variant ReadValue2(const Call& call);
+Variant PutValue(const Call& call);
+Variant ReadFormula(const Call& call);
+Variant PutFormula(const Call& call);
+Variant ReadColumnWidth(const Call& call);
+Variant PutColumnWidth(const Call& call);
+
+/// The spreadsheet's error value for a cell's error number in the program's own terms.
+Variant CellErrorOf(std::int32_t nativeError);
+
+/// A link to another program as a formula, =app|topic!item, in the form of a function that this program reads; any
+/// other text unchanged. And back.
+std::string LinkAsFunction(std::string_view formula);
+std::string FunctionAsLink(std::string_view formula);
+
+}  // namespace pellora::libreoffice

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <com/sun/star/frame/XModel.hpp>
+#include <com/sun/star/table/CellRangeAddress.hpp>
+#include <com/sun/star/uno/XComponentContext.hpp>
+#include <cstdint>
+
+#include "platform/libreoffice/uno/UnoDispatch.h"
+
+/// The native side of the object model's objects: documents and ranges of cells, for what the object model does not
+/// tell.
+namespace pellora::libreoffice {
+
+/// How many documents were closed since the first call. An object made since then is alive without any look at it.
+std::uint32_t ClosedDocuments(const UnoDispatch::Context& context);
+
+/// Raises `kDisconnected` for a range, a sheet, a workbook or an application whose document was closed: the program
+/// itself would crash on some of their members. Costs nothing while no document is closed.
+void CheckAlive(const UnoDispatch& object);
+
+/// The native range behind a range, the object with its properties; null for any other object.
+com::sun::star::uno::Reference<com::sun::star::uno::XInterface> NativeRange(UnoDispatch& range);
+
+/// Where a range lies, rows and columns from 0; its first area when it has several. Raises `kDisconnected` when it has
+/// no sheet any more.
+com::sun::star::table::CellRangeAddress PlaceOf(UnoDispatch& range);
+
+/// The document of a range or a worksheet; null when none of the open ones has it.
+com::sun::star::uno::Reference<com::sun::star::frame::XModel> DocumentOf(UnoDispatch& object);
+
+/// Raises 1004 when cells of the range cannot be written: the program drops such a write without a word, or worse,
+/// makes it. `contents` for values and formulas, which an unlocked cell of a protected sheet takes.
+void CheckWritable(UnoDispatch& range, bool contents);
+
+}  // namespace pellora::libreoffice

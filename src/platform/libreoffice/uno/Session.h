@@ -1,0 +1,20 @@
+#pragma once
+
+#include <com/sun/star/frame/XModel.hpp>
+#include <com/sun/star/uno/XComponentContext.hpp>
+#include <memory>
+
+namespace pellora::libreoffice {
+
+/// What the objects that come from one another have in common.
+struct Session {
+  com::sun::star::uno::Reference<com::sun::star::uno::XComponentContext> context;
+  /// The document, where it is known from the beginning.
+  com::sun::star::uno::Reference<com::sun::star::frame::XModel> document;
+  /// What the objects need and do not hold themselves: the object model forgets its document when its globals go.
+  com::sun::star::uno::Reference<com::sun::star::uno::XInterface> globals;
+};
+
+using SessionPtr = std::shared_ptr<const Session>;
+
+}  // namespace pellora::libreoffice

@@ -1,0 +1,84 @@
+// Shows the dialogs and takes their pictures, to be looked at: run with PELLORA_PICTURES set to a folder.
+
+#include <cstdlib>
+#include <memory>
+
+#include "contract/frmAddTicker.h"
+#include "contract/frmModifyList.h"
+#include "platform/headless/Headless.h"
+#include "project/frmNewProject.h"
+#include "support/CAppSettings.h"
+#include "support/CErrorHandler.h"
+#include "support/frmErrorMessage.h"
+#include "support/mGlobal.h"
+#include "tests/libreoffice/forms/Hands.h"
+
+namespace pellora::libreoffice {
+namespace {
+
+class Gallery : public OfficeFormTest {
+ protected:
+  Gallery() {
+    mGlobal::ErrorHandler = std::make_shared<CErrorHandler>();
+    mGlobal::ErrorHandler->Init(actions::Dialog, "Error Log.txt", true, false, 2, "Tracing Log.txt");
+    mGlobal::AppSettings = std::make_shared<CAppSettings>();
+    mGlobal::AppSettings->Init("CORVANE", "Vantix");
+  }
+  ~Gallery() override {
+    mGlobal::ErrorHandler = nullptr;
+    mGlobal::AppSettings = nullptr;
+  }
+
+  void SetUp() override {
+    const auto* folder = std::getenv("PELLORA_PICTURES");
+    if (!folder) GTEST_SKIP() << "no PELLORA_PICTURES";
+    m_folder = folder;
+  }
+
+  void TakePicture(Form& form, const std::string& name) {
+    Show(form, [&](Hands& hands) {
+      EXPECT_TRUE(hands.FormIsUp());
+      std::this_thread::sleep_for(std::chrono::milliseconds(500));
+      RunProgram("import -window root " + m_folder + "/" + name + ".png");
+      OnMainThread([&] { form.Hide(); });
+    });
+  }
+
+  /// At its usual size and, when it can be resized, at a large one.
+  void Picture(Form& form, const std::string& name) {
+    TakePicture(form, name);
+    if (form.BorderStyle() != BorderStyle::Sizable) return;
+    auto place = form.GetPlacement().value_or(Placement{});
+    place.normal = {60, 40, 60 + 1300, 40 + 900};
+    form.SetPlacement(place);
+    TakePicture(form, name + "-large");
+  }
+
+  headless::HeadlessPlatform platform;
+
+ private:
+  std::string m_folder;
+};
+
+TEST_F(Gallery, NewProject) {
+  frmNewProject form(toolkit);
+  Picture(form, "new-project");
+}
+
+TEST_F(Gallery, AddTicker) {
+  for (const std::int16_t type : {0, 1, 2, 4}) {
+    frmAddTicker form(toolkit);
+    form.frmAppSettings(mGlobal::AppSettings);
+    form.ComTypeListIndex(type);
+    TakePicture(form, "add-ticker-" + std::to_string(type));
+  }
+}
+
+TEST_F(Gallery, ModifyList) {
+  frmModifyList form(toolkit);
+  form.InpList("SMART;NYSE;NASDAQ;GLOBEX");
+  Picture(form, "modify-list");
+}
+
+}  // namespace
+}  // namespace pellora::libreoffice
