@@ -39,8 +39,8 @@ FLAGS = (("v", State.SHOWING), ("e", State.ENABLED), ("f", State.FOCUSED), ("a",
 CLOSED = ("Button", "ListBox", "SysListView32", "SysHeader32", "Static")
 # The program's own name of the header line above a grid, a table of its own.
 HEADER_LINE = "ColumnHeaderBar"
-# How long, in seconds, the main thread may be busy.
-PATIENCE = 20
+# How long, in seconds, the main thread may be busy with what it does for the user.
+PATIENCE = 1.5
 
 
 class Look(unohelper.Base, XCallback):
@@ -49,9 +49,14 @@ class Look(unohelper.Base, XCallback):
     def __init__(self, look):
         self.look = look
         self.answer = None
+        self.begun = threading.Lock()
         self.done = threading.Event()
 
     def notify(self, data):
+        if self.begun.acquire(blocking=False):
+            self.take()
+
+    def take(self):
         try:
             self.answer = self.look()
         except Exception as error:  # noqa: BLE001, what goes wrong is the other thread's
@@ -71,8 +76,10 @@ class Probe(unohelper.Base, XJob):
         command, *words = (argument.Value for argument in arguments)
         look = Look(lambda: getattr(self, command)(*words))
         self.main_thread.addCallback(look, None)
-        if not look.done.wait(PATIENCE):
-            raise RuntimeException("the program is busy", self)
+        # A macro that waits lets nothing else run there; then nothing is being destroyed either.
+        if not look.done.wait(PATIENCE) and look.begun.acquire(blocking=False):
+            look.take()
+        look.done.wait()
         if isinstance(look.answer, Exception):
             raise RuntimeException(f"{command} {words}: {look.answer!r}", self)
         return json.dumps(look.answer)
