@@ -14,6 +14,7 @@
 #include "tape/frmAddRibbon.h"
 #include "tests/libreoffice/forms/Hands.h"
 #include "tests/tape/WorkbookBuilder.h"
+#include "workbook/Host.h"
 
 namespace pellora::libreoffice {
 namespace {
@@ -93,7 +94,7 @@ TEST_F(Gallery, ErrorMessage) {
 
 class TapeDesk : public TapeOwner {
  public:
-  TapeDesk() { test::WorkbookBuilder(host).Instruments(20); }
+  TapeDesk() { test::WorkbookBuilder(test::Book(host.Application())).Instruments(20); }
   DispatchPtr ExcelApplication() override { return host.Application(); }
 
  private:
