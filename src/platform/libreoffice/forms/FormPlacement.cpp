@@ -120,7 +120,11 @@ void UnoFormPeer::LayOut() {
 
 void UnoFormPeer::OnMoved() {
   if (!m_running || !m_window) return;
-  if (Client() != m_laidOut) LayOut();
+  const auto client = Client();
+  if (client != m_laidOut) LayOut();
+  // The toolkit knows no least size; what the user makes too small grows back.
+  const auto least = LeastClient();
+  if (client.width < least.width || client.height < least.height) RequestLayout();
   const auto outer = OuterPlace();
   if (!FillsDesktop(outer)) m_placement.normal = outer;
 }
@@ -204,8 +208,10 @@ bool UnoFormPeer::WantsMaximised() const {
 
 bool UnoFormPeer::FillsDesktop(const Rect& outer) const {
   const auto work = WorkArea();
-  return m_form.BorderStyle() == BorderStyle::Sizable && outer.Width() >= work.Width() &&
-         outer.Height() >= work.Height();
+  // What the window manager draws around a window is known only roughly before it is shown.
+  const auto roughly = m_fonts->Scale(kGripDip);
+  return m_form.BorderStyle() == BorderStyle::Sizable && outer.Width() + roughly >= work.Width() &&
+         outer.Height() + roughly >= work.Height();
 }
 
 void UnoFormPeer::RememberState() {
