@@ -77,6 +77,7 @@ class UnoFormPeer : public FormPeer {
  private:
   // Life
   void MakeWindow();
+  int MeasuredCheckGlyph() const;
   void MakePeers();
   void Listen();
   void StopListening();
