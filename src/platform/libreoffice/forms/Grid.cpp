@@ -160,9 +160,14 @@ void GridPeer::FollowCurrentRow() {
   const auto selected = m_selection->getSelectedRows();
   if (selected.getLength() == 1 && selected[0] == row) return;
   m_selection->deselectAllRows();
-  if (row < 0 || row >= m_data->Rows()) return;
-  m_table->goToCell(Self().Col(), row);
-  m_selection->selectRow(row);
+  if (m_data->Rows() == 0 || row >= m_data->Rows()) return;
+  // A table with rows needs a cell to be at: taking the keyboard without one, it crashes the program where assistive
+  // programs are served.
+  m_table->goToCell(Self().Col(), std::max<sal_Int32>(row, 0));
+  if (row >= 0)
+    m_selection->selectRow(row);
+  else
+    m_selection->deselectAllRows();
 }
 
 void GridPeer::Update(Aspect aspect) {
