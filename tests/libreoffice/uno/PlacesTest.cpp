@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <com/sun/star/container/XNamed.hpp>
+
 #include "core/Convert.h"
 #include "tests/libreoffice/uno/CalcDocument.h"
 
@@ -31,6 +33,27 @@ class Places : public testing::Test {
 TEST_F(Places, OfAnAddressAreOnTheActiveSheet) {
   EXPECT_EQ("$B$3:$D$22", excel.Range("B3:D22").Address());
   EXPECT_EQ("Sheet1", SheetOf(excel.Range("B3")));
+}
+
+TEST_F(Places, OfAnAddressFollowTheActiveSheet) {
+  EXPECT_EQ("Sheet1", SheetOf(excel.Range("B3")));
+  excel.Worksheets("My Sheet").Select();
+  EXPECT_EQ("My Sheet", SheetOf(excel.Range("B3")));
+  const com::sun::star::uno::Reference<com::sun::star::container::XNamed> sheet(document.Sheet("My Sheet"),
+                                                                                com::sun::star::uno::UNO_QUERY_THROW);
+  sheet->setName("Renamed");
+  EXPECT_EQ("Renamed", SheetOf(excel.Range("B3")));
+  document.Book()->getSheets()->removeByName("Renamed");
+  EXPECT_EQ(excel.ActiveSheet().Name(), SheetOf(excel.Range("B3")));
+}
+
+TEST_F(Places, OfAnAddressFollowTheActiveDocument) {
+  EXPECT_EQ("Sheet1", SheetOf(excel.Range("B3")));
+  CalcDocument other;
+  other.AddSheet("Another");
+  other.Excel().Worksheets("Another").Select();
+  EXPECT_EQ("Another", other.Excel().ActiveSheet().Name());
+  EXPECT_EQ(excel.ActiveSheet().Name(), SheetOf(excel.Range("B3")));
 }
 
 TEST_F(Places, AreOnTheSheetThatIsNamed) {
@@ -155,6 +178,34 @@ TEST_F(Places, AreShownOrNotAsTheScreenIsUpdated) {
   EXPECT_FALSE(excel.ScreenUpdating());
   excel.ScreenUpdating(true);
   EXPECT_TRUE(excel.ScreenUpdating());
+}
+
+// Members that macros use beside the library's own wrappers.
+Variant Ask(const DispatchPtr& object, std::string_view member, std::vector<Variant> arguments = {}) {
+  return object->Invoke(member, CallKind::Get, arguments);
+}
+
+TEST_F(Places, OfTheApplicationsCellsAndSheetsAreTheActiveOnes) {
+  EXPECT_EQ(Variant("$B$3"), Ask(ToObject(Ask(excel.get(), "Cells", {3, 2})), "Address"));
+  EXPECT_EQ(Variant("My Sheet"), Ask(ToObject(Ask(excel.get(), "Sheets", {2})), "Name"));
+}
+
+TEST_F(Places, BeyondTheLastLineAreRefusedEverywhere) {
+  const auto sheet = excel.ActiveSheet().get();
+  const auto range = excel.Range("B2:C3").get();
+  EXPECT_EQ(errors::ApplicationDefined, NumberOf([&] { Ask(sheet, "Rows", {1048577}); }));
+  EXPECT_EQ(errors::ApplicationDefined, NumberOf([&] { Ask(range, "Rows", {1048577}); }));
+  EXPECT_EQ(errors::ApplicationDefined, NumberOf([&] { Ask(range, "Columns", {16385}); }));
+}
+
+TEST_F(Places, HaveAddressesByFlagsThatAreNumbers) {
+  EXPECT_EQ(Variant("B3"), Ask(excel.Range("B3").get(), "Address", {0, 0}));
+  EXPECT_EQ(Variant("B$3"), Ask(excel.Range("B3").get(), "Address", {-1, 0}));
+}
+
+TEST_F(Places, InARangeAreRefusedOnNoSheet) {
+  EXPECT_EQ(errors::ApplicationDefined,
+            NumberOf([&] { Ask(ToObject(Ask(excel.Range("A1").get(), "Range", {"nosuch!A1"})), "Value"); }));
 }
 
 }  // namespace
