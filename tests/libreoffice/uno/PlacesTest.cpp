@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <com/sun/star/container/XNamed.hpp>
+
 #include "core/Convert.h"
 #include "tests/libreoffice/uno/CalcDocument.h"
 
@@ -31,6 +33,27 @@ class Places : public testing::Test {
 TEST_F(Places, OfAnAddressAreOnTheActiveSheet) {
   EXPECT_EQ("$B$3:$D$22", excel.Range("B3:D22").Address());
   EXPECT_EQ("Sheet1", SheetOf(excel.Range("B3")));
+}
+
+TEST_F(Places, OfAnAddressFollowTheActiveSheet) {
+  EXPECT_EQ("Sheet1", SheetOf(excel.Range("B3")));
+  excel.Worksheets("My Sheet").Select();
+  EXPECT_EQ("My Sheet", SheetOf(excel.Range("B3")));
+  const com::sun::star::uno::Reference<com::sun::star::container::XNamed> sheet(document.Sheet("My Sheet"),
+                                                                                com::sun::star::uno::UNO_QUERY_THROW);
+  sheet->setName("Renamed");
+  EXPECT_EQ("Renamed", SheetOf(excel.Range("B3")));
+  document.Book()->getSheets()->removeByName("Renamed");
+  EXPECT_EQ(excel.ActiveSheet().Name(), SheetOf(excel.Range("B3")));
+}
+
+TEST_F(Places, OfAnAddressFollowTheActiveDocument) {
+  EXPECT_EQ("Sheet1", SheetOf(excel.Range("B3")));
+  CalcDocument other;
+  other.AddSheet("Another");
+  other.Excel().Worksheets("Another").Select();
+  EXPECT_EQ("Another", other.Excel().ActiveSheet().Name());
+  EXPECT_EQ(excel.ActiveSheet().Name(), SheetOf(excel.Range("B3")));
 }
 
 TEST_F(Places, AreOnTheSheetThatIsNamed) {

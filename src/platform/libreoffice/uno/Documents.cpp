@@ -15,6 +15,7 @@
 #include <com/sun/star/sheet/XSheetCellRange.hpp>
 #include <com/sun/star/sheet/XSheetCellRangeContainer.hpp>
 #include <com/sun/star/sheet/XSpreadsheetDocument.hpp>
+#include <com/sun/star/sheet/XSpreadsheetView.hpp>
 #include <com/sun/star/util/CellProtection.hpp>
 #include <com/sun/star/util/XProtectable.hpp>
 #include <cppuhelper/implbase1.hxx>
@@ -108,6 +109,33 @@ bool IsAlive(const UnoDispatch& object) {
   return document.is() ? IsOpen(document, object.context()) : !OpenDocuments(object.context()).empty();
 }
 
+// The session's own document is asked first: it nearly always is the one.
+Model DocumentWith(const Sheet& sheet, const UnoDispatch& object) {
+  const auto page = PageOf(sheet);
+  const sal_Int32 index = Reference<css::sheet::XCellRangeAddressable>(sheet, UNO_QUERY)->getRangeAddress().Sheet;
+  if (HasPage(object.session()->document, page, index)) return object.session()->document;
+  for (const Model& model : OpenDocuments(object.context()))
+    if (HasPage(model, page, index)) return model;
+  return {};
+}
+
+// Without windows no document is the current one, though one may be the only one.
+Reference<XInterface> ActiveDocument(const Reference<css::frame::XDesktop2>& desktop) {
+  const Reference<XInterface> current(desktop->getCurrentComponent(), UNO_QUERY);
+  if (current.is()) return current;
+  const auto all = desktop->getComponents()->createEnumeration();
+  const Reference<XInterface> first(all->hasMoreElements() ? all->nextElement() : Any(), UNO_QUERY);
+  return all->hasMoreElements() ? Reference<XInterface>() : first;
+}
+
+rtl::OUString ActiveSheetName(const Reference<XInterface>& document) {
+  const Model model(document, UNO_QUERY);
+  const Reference<css::sheet::XSpreadsheetView> view(
+      model.is() ? model->getCurrentController() : Reference<css::frame::XController>(), UNO_QUERY);
+  const Reference<css::container::XNamed> sheet(view.is() ? view->getActiveSheet() : Sheet(), UNO_QUERY);
+  return sheet.is() ? sheet->getName() : rtl::OUString();
+}
+
 [[noreturn]] void RefuseWrite(const char* reason) { Refuse(std::string("The cells cannot be written: ") + reason); }
 
 bool IsReadOnly(const Model& document) {
@@ -157,19 +185,34 @@ css::table::CellRangeAddress PlaceOf(UnoDispatch& range) {
 Model DocumentOf(UnoDispatch& object) {
   const Sheet sheet = SheetOf(NativeRange(object));
   if (!sheet.is()) RaiseDisconnected();
-  const auto page = PageOf(sheet);
-  const sal_Int32 index = Reference<css::sheet::XCellRangeAddressable>(sheet, UNO_QUERY)->getRangeAddress().Sheet;
-  if (HasPage(object.session()->document, page, index)) return object.session()->document;
-  for (const Model& model : OpenDocuments(object.context()))
-    if (HasPage(model, page, index)) return model;
-  return {};
+  return DocumentWith(sheet, object);
+}
+
+std::shared_ptr<UnoDispatch> ActiveSheetOf(UnoDispatch& application) {
+  auto& known = application.session()->active;
+  if (!known.desktop.is()) known.desktop = css::frame::Desktop::create(application.context());
+  const auto document = ActiveDocument(known.desktop);
+  if (document.is() && document == known.document && known.sheet.is()) {
+    // A sheet that was renamed, moved or deleted since tells another name than the view does, or none.
+    const rtl::OUString name = known.sheet->getName();
+    if (!name.isEmpty() && name == ActiveSheetName(document))
+      return std::make_shared<UnoDispatch>(known.sheet, application.session());
+  }
+  const auto sheet =
+      std::dynamic_pointer_cast<UnoDispatch>(application.Plain("activesheet", CallKind::Get, {}).Object());
+  if (!sheet) Refuse("No sheet is active");
+  const Variant corner("A1");
+  const Variant range = sheet->Plain("range", CallKind::Get, {&corner, 1});
+  known.document = DocumentOf(*std::static_pointer_cast<UnoDispatch>(range.Object())) == document ? document : nullptr;
+  known.sheet.set(sheet->object(), UNO_QUERY);
+  return sheet;
 }
 
 void CheckWritable(UnoDispatch& range, bool contents) {
   const auto native = NativeRange(range);
   const Sheet sheet = SheetOf(native);
   if (!sheet.is()) RaiseDisconnected();
-  if (IsReadOnly(DocumentOf(range))) RefuseWrite("the document is open for reading only");
+  if (IsReadOnly(DocumentWith(sheet, range))) RefuseWrite("the document is open for reading only");
   const Reference<css::util::XProtectable> guarded(sheet, UNO_QUERY);
   const bool guardedSheet = guarded.is() && guarded->isProtected();
   if (guardedSheet && (!contents || IsLocked(native))) RefuseWrite("the sheet is protected");

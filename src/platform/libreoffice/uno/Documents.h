@@ -28,6 +28,9 @@ com::sun::star::table::CellRangeAddress PlaceOf(UnoDispatch& range);
 /// The document of a range or a worksheet; null when none of the open ones has it.
 com::sun::star::uno::Reference<com::sun::star::frame::XModel> DocumentOf(UnoDispatch& object);
 
+/// The active sheet of the active document, as the object model has it.
+std::shared_ptr<UnoDispatch> ActiveSheetOf(UnoDispatch& application);
+
 /// Raises 1004 when cells of the range cannot be written: the program drops such a write without a word, or worse,
 /// makes it. `contents` for values and formulas, which an unlocked cell of a protected sheet takes.
 void CheckWritable(UnoDispatch& range, bool contents);

@@ -138,6 +138,10 @@ bool HasLargeIndex(const Call& call) { return IsNumber(call.At(0)) && ToDouble(c
 bool AsksForLastCell(const Call& call) { return IsNumber(call.At(0)) && ToDouble(call.At(0)) == kLastCellType; }
 
 Variant RangeOfApplication(const Call& call) {
+  if (!HasSheetPart(call)) {
+    if (IsNoPlainAddress(call) || call.arguments.size() != 1) return call.Plain();
+    return ActiveSheetOf(call.object)->Plain(call.name, call.kind, call.arguments);
+  }
   CheckTexts(call);
   try {
     return call.Plain();
