@@ -38,6 +38,10 @@ class OfficePlay(Play):
     def whole_picture(self, name):
         self.player.whole_picture(self.out / f"{name}.png")
 
+    def ticker(self, instruments, row):
+        # The list has a row for each one of the sheet, below its header line.
+        return self.sheet.document.Sheets.getByName(QUOTES).getCellByPosition(0, row).String
+
     def pick(self):
         """Takes part in the conversation: the dialog has gone, the program asks for the place."""
         box = self.player.wait(PICKING)

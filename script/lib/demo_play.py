@@ -137,7 +137,7 @@ class Play:
         instruments, tapes = dialog.grid(0), dialog.grid(1)
         # A tape of the last price with its size; the first attempt names no sheet.
         player.choose_row(dialog, instruments, 2)
-        ticker = player.table(instruments)[2][0]
+        ticker = self.ticker(instruments, 2)
         player.click(dialog.button("last size"))
         player.click(dialog.button("Add field name"))
         dialog = player.waiting(dialog, "the headers", lambda w: w.box(1).text == f"{ticker}(last size)")
@@ -167,6 +167,9 @@ class Play:
         self.picture(dialog, "tape-picked")
         player.press(dialog, "Insert >>")
         player.gone(dialog)
+
+    def ticker(self, instruments, row):
+        return self.player.table(instruments)[row][0]
 
     def pick(self):
         """The user's part while the dialog is away; here the macro's side hands the place in."""

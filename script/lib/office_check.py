@@ -111,19 +111,24 @@ def records_of(document):
     return max((number + 1 for number, (text,) in enumerate(rows) if text), default=0)
 
 
-def main(pipe, before, *results):
-    context = office(pipe)
-    desktop = context.ServiceManager.createInstanceWithContext("com.sun.star.frame.Desktop", context)
+def check(desktop, before, path, names=tuple(Result.CHECKS)):
+    """The result after its checks of those names."""
     document = opened(desktop, before)
     records = records_of(document)
     document.close(True)
+    result = Result(opened(desktop, path), records)
+    for name in names:
+        Result.CHECKS[name](result)
+    result.document.close(True)
+    return result
+
+
+def main(pipe, before, *paths):
+    context = office(pipe)
+    desktop = context.ServiceManager.createInstanceWithContext("com.sun.star.frame.Desktop", context)
     failed = False
-    for path in results:
-        document = opened(desktop, path)
-        result = Result(document, records)
-        for check in Result.CHECKS.values():
-            check(result)
-        document.close(True)
+    for path in paths:
+        result = check(desktop, before, path)
         name = Path(path).name
         failed = failed or bool(result.faults)
         for fault in result.faults:

@@ -437,5 +437,11 @@ TEST_F(cPelloraTest, RefEditInputsReachTheTapeDialog) {
   EXPECT_EQ(object.RefEditInputs(), "Sheet1!B3");
 }
 
+TEST_F(cPelloraTest, WhereWindowsBelongToNoThreadAnObjectIsUsedFromAny) {
+  platform.platform.oneThread = false;
+  cPellora object;
+  std::thread([&] { EXPECT_NO_THROW(object.UnloadfrmMaster()); }).join();
+}
+
 }  // namespace
 }  // namespace pellora

@@ -1,8 +1,5 @@
 """The spreadsheet window in the hands of a play: its buttons, its menu, its cells, by the real mouse."""
 
-from com.sun.star.accessibility import AccessibleRole as Role
-from office_player import PlayError
-
 MENU = "Pellora"
 
 
@@ -35,11 +32,8 @@ class Sheet:
 
     def choose(self, label):
         """Clicks an entry of the macros' menu."""
-        bar = self._find(self._accessible(self.frame.ContainerWindow), Role.MENU_BAR)
-        menu = self.player.until("the menu", lambda: self._child(bar, MENU))
-        self._click(menu)
-        entry = self.player.until(f"the menu's entry '{label}'", lambda: self._shown(self._child(menu, label)))
-        self._click(entry)
+        self.player.click_at(*self.player.ask("menu", MENU))
+        self.player.click_at(*self.player.until(f"the menu's entry '{label}'", lambda: self.player.ask("menu", MENU, label)))
 
     def _button(self, label):
         forms = self.controller.ActiveSheet.DrawPage.Forms
@@ -54,56 +48,14 @@ class Sheet:
         control = self.controller.getControl(model)
         return control and control.getPeer() and control.getPeer().getAccessibleContext()
 
-    # Cells
-
-    def drag(self, first, last):
-        """Drags the mouse from one cell to another of the sheet that is shown; both are (column, row), from 0."""
-        table = self._table()
-        centres = [self._centre(table.getAccessibleCellAt(row, column).getAccessibleContext()) for column, row in (first, last)]
-        self.player.drag(*centres)
-
-    def _table(self):
-        found = self._find(self._accessible(self.frame.ComponentWindow), Role.TABLE)
-        if not found:
-            raise PlayError("the window shows no cells")
-        return found
-
-    # Accessible objects
-
-    @staticmethod
-    def _accessible(window):
-        return window.getAccessibleContext()
-
-    def _find(self, accessible, role):
-        """The first object with the role, breadth first; what is inside of tables is not looked at."""
-        level = [accessible]
-        for _ in range(12):
-            below = []
-            for one in level:
-                if one.getAccessibleRole() == role:
-                    return one
-                if one.getAccessibleRole() != Role.TABLE:
-                    count = min(one.getAccessibleChildCount(), 60)
-                    below += [one.getAccessibleChild(n).getAccessibleContext() for n in range(count)]
-            level = below
-        return None
-
-    @staticmethod
-    def _child(parent, name):
-        for index in range(parent.getAccessibleChildCount()):
-            child = parent.getAccessibleChild(index).getAccessibleContext()
-            if child.getAccessibleName().replace("~", "") == name:
-                return child
-        return None
-
     @staticmethod
     def _shown(accessible):
         return accessible if accessible and accessible.getSize().Width > 0 else None
 
-    @staticmethod
-    def _centre(accessible):
-        place, size = accessible.getLocationOnScreen(), accessible.getSize()
-        return place.X + size.Width // 2, place.Y + size.Height // 2
-
     def _click(self, accessible):
-        self.player.click_at(*self._centre(accessible))
+        place, size = accessible.getLocationOnScreen(), accessible.getSize()
+        self.player.click_at(place.X + size.Width // 2, place.Y + size.Height // 2)
+
+    def drag(self, first, last):
+        """Drags the mouse from one cell to another of the sheet that is shown; both are (column, row), from 0."""
+        self.player.drag(self.player.ask("sheet", *first), self.player.ask("sheet", *last))

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/windows/Windows.h"
+#include "platform/windows/ole/Owners.h"
 
 namespace pellora::workbook {
 

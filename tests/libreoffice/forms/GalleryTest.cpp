@@ -11,7 +11,10 @@
 #include "support/CErrorHandler.h"
 #include "support/frmErrorMessage.h"
 #include "support/mGlobal.h"
+#include "tape/frmAddRibbon.h"
 #include "tests/libreoffice/forms/Hands.h"
+#include "tests/tape/WorkbookBuilder.h"
+#include "workbook/Host.h"
 
 namespace pellora::libreoffice {
 namespace {
@@ -78,6 +81,32 @@ TEST_F(Gallery, ModifyList) {
   frmModifyList form(toolkit);
   form.InpList("SMART;NYSE;NASDAQ;GLOBEX");
   Picture(form, "modify-list");
+}
+
+TEST_F(Gallery, ErrorMessage) {
+  frmErrorMessage form(toolkit);
+  form.Load();
+  form.SupportMail("support@example.com");
+  form.ErrorMessage(
+      "Error 1004 in Pellora.frmAddRibbon.LoadTable at line 40, (Application-defined or object-defined error)\r\n");
+  Picture(form, "error-message");
+}
+
+class TapeDesk : public TapeOwner {
+ public:
+  TapeDesk() { test::WorkbookBuilder(test::Book(host.Application())).Instruments(20); }
+  DispatchPtr ExcelApplication() override { return host.Application(); }
+
+ private:
+  workbook::Host host;
+};
+
+TEST_F(Gallery, AddRibbon) {
+  TapeDesk desk;
+  frmAddRibbon form(toolkit);
+  form.Owner(&desk);
+  form.AppSettings(mGlobal::AppSettings);
+  Picture(form, "add-ribbon");
 }
 
 }  // namespace

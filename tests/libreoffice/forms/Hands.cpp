@@ -66,7 +66,7 @@ std::string RunProgram(const std::string& command) {
 }
 
 bool Hands::Until(const std::function<bool()>& condition) const {
-  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(5);
   for (bool met = false;;) {
     OnMainThread([&] { met = condition(); });
     if (met) return true;
@@ -94,16 +94,18 @@ void Hands::Type(const std::string& text) const { RunProgram("xdotool type --del
 awt::Rectangle Hands::PlaceOf(const Control& control) const {
   awt::Rectangle place;
   OnMainThread([&] {
-    const auto form = FormPeerOf(m_form)->GetWindow().get()->getPosSize();
+    const auto form = FormPeerOf(m_form)->Corner();
     const auto& bounds = control.Bounds();
-    place = awt::Rectangle(form.X + bounds.left, form.Y + bounds.top, bounds.Width(), bounds.Height());
+    place = awt::Rectangle(form.x + bounds.left, form.y + bounds.top, bounds.Width(), bounds.Height());
   });
   return place;
 }
 
 void Hands::MoveTo(const Control& control, Point place) const {
   const auto at = PlaceOf(control);
-  RunProgram("xdotool mousemove --sync " + std::to_string(at.X + place.x) + " " + std::to_string(at.Y + place.y));
+  const auto to = std::to_string(at.X + place.x) + " " + std::to_string(at.Y + place.y);
+  // A pointer that is there already has to move for the toolkit to notice.
+  RunProgram("xdotool mousemove_relative 3 3 mousemove " + to);
 }
 
 void Hands::Click(const Control& control, Point place) const {
@@ -115,6 +117,8 @@ void Hands::Click(const Control& control) const {
   const auto at = PlaceOf(control);
   Click(control, {static_cast<int>(at.Width / 2), static_cast<int>(at.Height / 2)});
 }
+
+void Hands::CloseWindow() const { Press("alt+F4"); }
 
 std::string Hands::WindowTitled(const std::string& title) const {
   for (int attempt = 0; attempt < 100; ++attempt) {

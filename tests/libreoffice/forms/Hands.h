@@ -43,6 +43,8 @@ class Hands {
 
   /// Where a control is on the screen.
   com::sun::star::awt::Rectangle PlaceOf(const Control& control) const;
+  /// Has the window manager ask the active window to close, as its close box does.
+  void CloseWindow() const;
   /// The window of that title, by the display's number for it; empty when it does not come up.
   std::string WindowTitled(const std::string& title) const;
 

@@ -8,6 +8,7 @@
 #include <functional>
 
 #include "platform/libreoffice/uno/Failure.h"
+#include "platform/libreoffice/uno/UnoObject.h"
 #include "tests/libreoffice/uno/CalcDocument.h"
 
 namespace pellora::test {
@@ -156,6 +157,58 @@ TEST_F(ClosedDocument, LeavesTheOthersAlive) {
   { const CalcDocument third; }
   EXPECT_EQ(0, NumberOf([&] { cell.Value("x"); }));
   EXPECT_EQ(kDisconnected, NumberOf([&] { range.Value(); }));
+}
+
+TEST_F(ClosedDocument, IsNoArgumentOfAnother) {
+  const CalcDocument other;
+  const auto excel = other.Excel();
+  EXPECT_EQ(kDisconnected, NumberOf([&] { excel.Intersect(excel.Range("A1"), range); }));
+}
+
+// As a macro hands its application in: the object alone.
+excel::Application HandedIn(const excel::Application& application) {
+  return excel::Application(libreoffice::ToDispatch(libreoffice::FromDispatch(application.get()), Office()));
+}
+
+TEST(AnApplicationHandedIn, ReadsAndWritesCells) {
+  const CalcDocument document;
+  const auto own = document.Excel();
+  const auto excel = HandedIn(own);
+  ASSERT_TRUE(excel::Application::Accepts(excel.get()));
+  excel.Range("B2").Value("x");
+  EXPECT_EQ(Variant("x"), excel.Range("Sheet1!B2").Value());
+}
+
+TEST(AnApplicationHandedIn, RefusesWritesToAProtectedSheet) {
+  CalcDocument document;
+  document.Protect("Sheet1");
+  const auto own = document.Excel();
+  EXPECT_EQ(errors::ApplicationDefined, NumberOf([&] { HandedIn(own).Range("A1").Value("x"); }));
+}
+
+TEST(AnApplicationHandedIn, IsGoneWithTheLastWorkbook) {
+  CalcDocument document;
+  const auto own = document.Excel();
+  const auto excel = HandedIn(own);
+  const auto range = excel.Range("A1");
+  document.Close();
+  EXPECT_EQ(kDisconnected, NumberOf([&] { excel.Range("A1"); }));
+  EXPECT_EQ(kDisconnected, NumberOf([&] { range.Value(); }));
+}
+
+TEST(AnApplicationHandedIn, HarmsNothingWhenItsWorkbookIsClosedBesideAnother) {
+  const CalcDocument other;
+  CalcDocument document;
+  const auto own = document.Excel();
+  const auto excel = HandedIn(own);
+  const auto range = excel.Range("A1");
+  document.Close();
+  EXPECT_EQ(kDisconnected, NumberOf([&] { range.Value(); }));
+  EXPECT_EQ(kDisconnected, NumberOf([&] { excel.Range("A1").Value(); }));
+  NumberOf([&] { excel.Columns(1).Address(); });
+  NumberOf([&] { excel.Range("Sheet1!A1").Value(); });
+  NumberOf([&] { excel.ActiveWorkbook().Worksheets("Sheet1").Select(); });
+  EXPECT_EQ(0, NumberOf([&] { other.Excel().Range("A1").Value("x"); }));
 }
 
 }  // namespace

@@ -126,5 +126,28 @@ TEST(LooksOfCells, FitNoPartsOfColumns) {
   EXPECT_EQ(errors::ApplicationDefined, NumberOf([&] { document.Excel().Range("A1:B2").AutoFit(); }));
 }
 
+TEST(LooksOfCells, HaveLinesAllAroundByTheCollection) {
+  const CalcDocument document;
+  const auto range = document.Excel().Range("B3:D22");
+  const auto all = ToObject(range.get()->Invoke("Borders", CallKind::Get, {}));
+  for (const auto& [member, value] : {std::pair{"LineStyle", 5}, {"Weight", 4}, {"ColorIndex", 3}}) {
+    const Variant number(value);
+    all->Invoke(member, CallKind::Put, {&number, 1});
+  }
+  for (std::int32_t index = excel::xlEdgeLeft; index <= excel::xlInsideHorizontal; ++index) {
+    EXPECT_EQ(Variant(5), Look(range, index, "LineStyle")) << index;
+    EXPECT_EQ(Variant(4), Look(range, index, "Weight")) << index;
+    EXPECT_EQ(Variant(3), Look(range, index, "ColorIndex")) << index;
+  }
+  EXPECT_EQ(Variant(excel::xlLineStyleNone), Look(range, excel::xlDiagonalUp, "LineStyle"));
+}
+
+TEST(LooksOfCells, AreHiddenByAWidthOfNothing) {
+  const CalcDocument document;
+  const auto range = document.Excel().Range("A1");
+  range.ColumnWidth(0);
+  EXPECT_EQ(Variant(true), range.EntireColumn().get()->Invoke("Hidden", CallKind::Get, {}));
+}
+
 }  // namespace
 }  // namespace pellora::test

@@ -180,5 +180,33 @@ TEST_F(Places, AreShownOrNotAsTheScreenIsUpdated) {
   EXPECT_TRUE(excel.ScreenUpdating());
 }
 
+// Members that macros use beside the library's own wrappers.
+Variant Ask(const DispatchPtr& object, std::string_view member, std::vector<Variant> arguments = {}) {
+  return object->Invoke(member, CallKind::Get, arguments);
+}
+
+TEST_F(Places, OfTheApplicationsCellsAndSheetsAreTheActiveOnes) {
+  EXPECT_EQ(Variant("$B$3"), Ask(ToObject(Ask(excel.get(), "Cells", {3, 2})), "Address"));
+  EXPECT_EQ(Variant("My Sheet"), Ask(ToObject(Ask(excel.get(), "Sheets", {2})), "Name"));
+}
+
+TEST_F(Places, BeyondTheLastLineAreRefusedEverywhere) {
+  const auto sheet = excel.ActiveSheet().get();
+  const auto range = excel.Range("B2:C3").get();
+  EXPECT_EQ(errors::ApplicationDefined, NumberOf([&] { Ask(sheet, "Rows", {1048577}); }));
+  EXPECT_EQ(errors::ApplicationDefined, NumberOf([&] { Ask(range, "Rows", {1048577}); }));
+  EXPECT_EQ(errors::ApplicationDefined, NumberOf([&] { Ask(range, "Columns", {16385}); }));
+}
+
+TEST_F(Places, HaveAddressesByFlagsThatAreNumbers) {
+  EXPECT_EQ(Variant("B3"), Ask(excel.Range("B3").get(), "Address", {0, 0}));
+  EXPECT_EQ(Variant("B$3"), Ask(excel.Range("B3").get(), "Address", {-1, 0}));
+}
+
+TEST_F(Places, InARangeAreRefusedOnNoSheet) {
+  EXPECT_EQ(errors::ApplicationDefined,
+            NumberOf([&] { Ask(ToObject(Ask(excel.Range("A1").get(), "Range", {"nosuch!A1"})), "Value"); }));
+}
+
 }  // namespace
 }  // namespace pellora::test

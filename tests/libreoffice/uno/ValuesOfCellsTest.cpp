@@ -51,6 +51,14 @@ TEST(ValuesOfCells, ThatAreDatesComeAsDates) {
   EXPECT_EQ(Variant(46347.0), cell.get()->Invoke("Value2", CallKind::Get, {}));
 }
 
+TEST(ValuesOfCells, AreWrittenByTheirPlainMemberToo) {
+  const CalcDocument document;
+  const auto cell = document.Excel().Range("A1");
+  const Variant value(5);
+  cell.get()->Invoke("Value2", CallKind::Put, {&value, 1});
+  EXPECT_EQ(Variant(5.0), cell.Value());
+}
+
 TEST(ValuesOfCells, AreTypedTextsWhenWritten) {
   const CalcDocument document;
   const auto cell = document.Excel().Range("A1");
@@ -122,6 +130,15 @@ TEST(FormulasOfCells, ReadAsTheyWereWritten) {
     cell.FormulaLocal(formula);
     EXPECT_EQ(Variant(formula), cell.FormulaLocal());
   }
+}
+
+TEST(FormulasOfCells, ReadAlikeByBothMembers) {
+  const CalcDocument document;
+  const auto cell = document.Excel().Range("A1");
+  const Variant link("=Sam|tik!id1?bid");
+  cell.get()->Invoke("Formula", CallKind::Put, {&link, 1});
+  EXPECT_EQ(link, cell.get()->Invoke("Formula", CallKind::Get, {}));
+  EXPECT_EQ(link, cell.FormulaLocal());
 }
 
 TEST(FormulasOfCells, FollowTheCellTheyLinkTo) {

@@ -3,8 +3,13 @@
 #include <com/sun/star/uno/Reference.hxx>
 #include <com/sun/star/uno/XComponentContext.hpp>
 
-#include "platform/libreoffice/component/StandIns.h"
 #include "platform/libreoffice/forms/UnoToolkit.h"
+#include "platform/libreoffice/services/DesktopShell.h"
+#include "platform/libreoffice/services/LocaleTextServices.h"
+#include "platform/libreoffice/services/PlainLogFiles.h"
+#include "platform/libreoffice/services/SettingsFile.h"
+#include "platform/libreoffice/services/SystemClock.h"
+#include "platform/libreoffice/services/SystemLog.h"
 #include "support/Platform.h"
 
 namespace pellora::libreoffice {

@@ -4,7 +4,7 @@
 #include <com/sun/star/uno/XComponentContext.hpp>
 #include <string>
 
-#include "platform/libreoffice/component/StandIns.h"
+#include "platform/libreoffice/services/LocaleFacts.h"
 
 namespace pellora::libreoffice {
 

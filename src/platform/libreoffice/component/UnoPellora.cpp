@@ -42,6 +42,13 @@ constexpr ContractText kTexts[] = {
 };
 constexpr std::size_t kStrike = 3, kMultiplier = 5, kComTypeListIndex = 9;
 
+// A reference to nothing stands for a null value elsewhere in the program; here it lets an application go.
+Variant ApplicationIn(const uno::Any& value, const uno::Reference<uno::XComponentContext>& context) {
+  if (value.getValueTypeClass() != uno::TypeClass_INTERFACE) return FromAny(value, context);
+  const uno::Reference<uno::XInterface> object(value, uno::UNO_QUERY);
+  return object.is() ? FromAny(value, context) : Variant(DispatchPtr());
+}
+
 /// Counts a call that is carried out.
 class Running {
  public:
@@ -319,7 +326,7 @@ uno::Any UnoPellora::Get(MemberId id) {
 void UnoPellora::Put(MemberId id, const uno::Any& value) {
   switch (id) {
     case MemberId::ObjExcelApplication:
-    case MemberId::ExcelApplication: Object().ExcelApplication(FromAny(value, m_context)); break;
+    case MemberId::ExcelApplication: Object().ExcelApplication(ApplicationIn(value, m_context)); break;
     case MemberId::RefEditInputs: Object().RefEditInputs(ToText(FromAny(value, m_context))); break;
     default: throw Error(errors::MemberNotSupported);
   }
@@ -330,7 +337,7 @@ uno::Reference<uno::XInterface> UnoPellora::getObjExcelApplication() {
 }
 
 void UnoPellora::setObjExcelApplication(const uno::Reference<uno::XInterface>& application) {
-  RunForCallers([&] { Object().ExcelApplication(FromAny(uno::Any(application), m_context)); });
+  RunForCallers([&] { Object().ExcelApplication(ApplicationIn(uno::Any(application), m_context)); });
 }
 
 rtl::OUString UnoPellora::getRefEditInputs() {
@@ -344,7 +351,7 @@ void UnoPellora::setRefEditInputs(const rtl::OUString& address) {
 uno::Any UnoPellora::getExcelApplication() { return uno::Any(getObjExcelApplication()); }
 
 void UnoPellora::setExcelApplication(const uno::Any& application) {
-  RunForCallers([&] { Object().ExcelApplication(FromAny(application, m_context)); });
+  RunForCallers([&] { Object().ExcelApplication(ApplicationIn(application, m_context)); });
 }
 
 sal_Bool UnoPellora::CreateNewProject(sal_Int16& AskPrice, sal_Int16& AskSize, sal_Int16& BidPrice, sal_Int16& BidSize,

@@ -56,7 +56,7 @@ ComboBoxPeer::Input ComboBoxPeer::InputOf(const awt::KeyEvent& key) {
 
 UnoControlPeer::KeyUse ComboBoxPeer::Use(const awt::KeyEvent& key) {
   m_input = InputOf(key);
-  return IsForDroppedList(key) && IsDroppedDown(m_window) ? KeyUse::Native : KeyUse::Form;
+  return IsForDroppedList(key) && IsDroppedDown(m_form.GetContext(), m_window) ? KeyUse::Native : KeyUse::Form;
 }
 
 void ComboBoxPeer::TabbedTo() {

@@ -1,6 +1,6 @@
 #include "platform/libreoffice/forms/CommandButton.h"
 
-#include <com/sun/star/awt/ImageAlign.hpp>
+#include <com/sun/star/awt/ImagePosition.hpp>
 #include <com/sun/star/awt/XButton.hpp>
 #include <com/sun/star/awt/XStyleSettings.hpp>
 #include <com/sun/star/awt/XStyleSettingsSupplier.hpp>
@@ -33,7 +33,7 @@ void CommandButtonPeer::SetPicture() {
   const auto colour = static_cast<std::uint32_t>(styles->getButtonTextColor());
   const auto side = m_form.GetFonts().Scale(kArrowDip);
   const auto arrow = Arrow(m_form.GetContext(), side, Self().Picture() == ButtonPicture::ArrowUp, colour);
-  m_window.Set("ImageAlign", uno::Any(awt::ImageAlign::TOP));
+  m_window.Set("ImagePosition", uno::Any(awt::ImagePosition::Centered));
   m_window.Set("Graphic", uno::Any(arrow));
 }
 

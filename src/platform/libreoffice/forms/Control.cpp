@@ -37,12 +37,6 @@ UnoControlPeer::~UnoControlPeer() {
   m_form.Forget(*this);
 }
 
-bool UnoControlPeer::HasKeyboard() const {
-  bool has = false;
-  if (m_window) WhileThere([&] { has = m_window.get()->hasFocus(); });
-  return has;
-}
-
 void UnoControlPeer::Lost() {
   m_ear->Detach();
   m_window.detach();
@@ -72,9 +66,10 @@ void UnoControlPeer::Report(Happening happening) {
   if (!m_silent && m_window) OnReport(happening);
 }
 
-void UnoControlPeer::ReportFocus() {
+void UnoControlPeer::ReportFocus(bool gained) {
+  m_keyboard = gained;
   // Before it is up, the toolkit gives the focus to the first window it finds.
-  if (!m_silent && m_form.IsUp()) m_form.FocusMoved(m_control);
+  if (gained && !m_silent && m_form.IsUp()) m_form.FocusMoved(m_control);
 }
 
 void UnoControlPeer::RestoreCaption() {

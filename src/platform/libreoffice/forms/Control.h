@@ -31,13 +31,13 @@ class UnoControlPeer : public ControlPeer {
   pellora::Control& GetControl() const { return m_control; }
   const Window& GetWindow() const { return m_window; }
   /// The child has the keyboard.
-  bool HasKeyboard() const;
+  bool HasKeyboard() const { return m_keyboard; }
   /// The form's window is gone, and the child with it.
   void Lost();
 
   /// The ear passes on what the child reports; silent while the peer itself makes changes.
   void Report(Happening happening);
-  void ReportFocus();
+  void ReportFocus(bool gained);
 
   /// What becomes of a key on its way to the child.
   enum class KeyUse {
@@ -93,6 +93,7 @@ class UnoControlPeer : public ControlPeer {
   pellora::Control& m_control;
   rtl::Reference<Ear> m_ear;
   int m_silent = 0;
+  bool m_keyboard = false;
 };
 
 /// The peer of a kind that has a class of its own: gives the control by its type.

@@ -15,10 +15,12 @@ void Ear::Heard(Action action) {
 }
 
 void Ear::focusGained(const awt::FocusEvent&) {
-  Heard([](UnoControlPeer& peer) { peer.ReportFocus(); });
+  Heard([](UnoControlPeer& peer) { peer.ReportFocus(true); });
 }
 
-void Ear::focusLost(const awt::FocusEvent&) {}
+void Ear::focusLost(const awt::FocusEvent&) {
+  Heard([](UnoControlPeer& peer) { peer.ReportFocus(false); });
+}
 
 void Ear::actionPerformed(const awt::ActionEvent&) {
   Heard([](UnoControlPeer& peer) { peer.Report(Happening::Action); });

@@ -46,7 +46,8 @@ UnoFormPeer::~UnoFormPeer() {
 }
 
 void UnoFormPeer::MakeWindow() {
-  m_window.Make(m_toolkit, WindowToBeOver(m_context), "dialog", AttributesOf(m_form), awt::WindowClass_TOP);
+  m_over = WindowToBeOver(m_context);
+  m_window.Make(m_toolkit, m_over, "dialog", AttributesOf(m_form), awt::WindowClass_TOP);
   m_dialog = m_window.As<awt::XDialog2>();
   if (!m_dialog.is()) throw Error(errors::OutOfMemory);
   CaptionChanged();
@@ -107,6 +108,7 @@ void UnoFormPeer::RequestLayout() {
 
 void UnoFormPeer::CatchUp() {
   if (m_running && !m_up && !m_ended) ComeUp();
+  if (m_resumes && InnermostForm() == this) Activated();
   if (std::exchange(m_layoutAsked, false) && m_window) FitToContent();
 }
 

@@ -46,6 +46,8 @@ class UnoFormPeer : public FormPeer {
 
   // For the peers of the controls.
   const Window& GetWindow() const { return m_window; }
+  /// Where the inside of the window begins on the screen.
+  Point Corner() const;
   uno::Reference<awt::XToolkit> GetToolkit() const { return m_toolkit; }
   const uno::Reference<uno::XComponentContext>& GetContext() const { return m_context; }
   const Fonts& GetFonts() const { return *m_fonts; }
@@ -69,6 +71,8 @@ class UnoFormPeer : public FormPeer {
   void OnDisposing(const lang::EventObject& source);
   /// Does what had to wait until the toolkit had finished with an event.
   void CatchUp();
+  /// What was over the form is gone: it becomes the active window again.
+  void Resume();
 
  private:
   // Life
@@ -89,6 +93,7 @@ class UnoFormPeer : public FormPeer {
   void LayOut();
   bool GainsByRoom() const;
   Rect PlaceOver() const;
+  Rect WorkArea() const;
   void PlaceByDefault();
   void FitToContent();
   Rect Reachable(const Rect& outer) const;
@@ -100,6 +105,7 @@ class UnoFormPeer : public FormPeer {
   void Run();
   bool Execute();
   void ComeUp();
+  void Activated();
 
   // Keyboard
   // The form decides about keys, not the toolkit: the order of tabs, access keys on pages and frames and what hears a
@@ -116,6 +122,7 @@ class UnoFormPeer : public FormPeer {
   uno::Reference<uno::XComponentContext> m_context;
   uno::Reference<awt::XToolkit> m_toolkit;
   rtl::Reference<FormEar> m_ear;
+  uno::Reference<awt::XWindowPeer> m_over;
   Window m_window;
   uno::Reference<awt::XDialog2> m_dialog;
   uno::Reference<awt::XExtendedToolkit> m_keyboard;
@@ -130,6 +137,7 @@ class UnoFormPeer : public FormPeer {
   bool m_up = false;
   bool m_active = false;
   bool m_closeRefused = false;
+  bool m_resumes = false;
   bool m_layoutAsked = false;
 };
 

@@ -9,7 +9,7 @@ void UnoFormPeer::ShowModal() {
   m_ended = false;
   if (m_window) {
     FitToContent();
-    const OthersDisabled others(m_context, WindowToBeOver(m_context));
+    const OthersDisabled others(m_context, m_over);
     const ModalScope innermost(this);
     m_running = true;
     Run();
@@ -44,6 +44,9 @@ bool UnoFormPeer::Execute() {
   WhileThere([&] {
     // The dialog may go while it is shown.
     const auto dialog = m_dialog;
+    // For a dialog that it has to show itself, the toolkit remembers a parent and goes back to it at the end, although
+    // that is gone when the document's window was taken away meanwhile: the program would crash.
+    m_window.Show(true);
     dialog->execute();
     shown = true;
   });
@@ -61,7 +64,20 @@ void UnoFormPeer::ComeUp() {
 
 void UnoFormPeer::OnActivate(bool active) {
   const auto was = std::exchange(m_active, active);
-  if (!m_up || !active || was || InnermostForm() != this) return;
+  if (m_up && active && (!was || m_resumes) && InnermostForm() == this) Activated();
+}
+
+void UnoFormPeer::Resume() {
+  if (!m_up) return;
+  // The toolkit may have told of it already, while the other window was still there, or tell later, or not at all.
+  m_resumes = true;
+  m_ear->CallBack(m_context);
+}
+
+void UnoFormPeer::Activated() {
+  m_resumes = false;
+  if (!m_up) return;
+  m_active = true;
   FocusActive();
   m_form.PeerActivate();
 }

@@ -77,24 +77,32 @@ Size UnoFormPeer::OuterOf(Size client) const {
   return {client.width + frame.width, client.height + frame.height};
 }
 
+Point UnoFormPeer::Corner() const {
+  // The toolkit counts the place of a dialog from that of the window it belongs to.
+  auto corner = CornerOf(m_over);
+  if (m_window)
+    WhileThere([&] {
+      const auto place = m_window.get()->getPosSize();
+      corner = {static_cast<int>(corner.x + place.X), static_cast<int>(corner.y + place.Y)};
+    });
+  return corner;
+}
+
 Rect UnoFormPeer::OuterPlace() const {
-  Rect outer;
-  WhileThere([&] {
-    const auto place = m_window.get()->getPosSize();
-    const auto around = Around(m_window);
-    const auto size = OuterOf(Client());
-    outer.left = static_cast<int>(place.X - around.LeftInset);
-    outer.top = static_cast<int>(place.Y - around.TopInset);
-    outer.right = outer.left + size.width;
-    outer.bottom = outer.top + size.height;
-  });
-  return outer;
+  const auto inside = Corner();
+  const auto around = Around(m_window);
+  const auto size = OuterOf(Client());
+  const auto left = static_cast<int>(inside.x - around.LeftInset);
+  const auto top = static_cast<int>(inside.y - around.TopInset);
+  return {left, top, left + size.width, top + size.height};
 }
 
 void UnoFormPeer::MoveTo(Point outer) {
   const auto around = Around(m_window);
+  const auto origin = CornerOf(m_over);
   WhileThere([&] {
-    m_window.get()->setPosSize(outer.x + around.LeftInset, outer.y + around.TopInset, 0, 0, awt::PosSize::POS);
+    m_window.get()->setPosSize(outer.x + around.LeftInset - origin.x, outer.y + around.TopInset - origin.y, 0, 0,
+                               awt::PosSize::POS);
   });
 }
 
@@ -123,21 +131,21 @@ bool UnoFormPeer::GainsByRoom() const {
 }
 
 Rect UnoFormPeer::PlaceOver() const {
-  Rect over = const_cast<UnoFormPeer*>(this)->Desktop();
-  const uno::Reference<awt::XWindow2> window(WindowToBeOver(m_context), uno::UNO_QUERY);
+  Rect over = WorkArea();
+  const uno::Reference<awt::XWindow2> window(m_over, uno::UNO_QUERY);
   WhileThere([&] {
     if (!window.is() || !window->isVisible()) return;
-    const auto place = window->getPosSize();
-    if (place.Width <= 0 || place.Height <= 0) return;
-    over = {static_cast<int>(place.X), static_cast<int>(place.Y), static_cast<int>(place.X + place.Width),
-            static_cast<int>(place.Y + place.Height)};
+    const auto size = window->getOutputSize();
+    const auto corner = CornerOf(m_over);
+    if (size.Width > 0 && size.Height > 0)
+      over = {corner.x, corner.y, static_cast<int>(corner.x + size.Width), static_cast<int>(corner.y + size.Height)};
   });
   return over;
 }
 
 void UnoFormPeer::PlaceByDefault() {
   auto client = LeastClient();
-  const auto work = Desktop();
+  const auto work = WorkArea();
   if (GainsByRoom()) {
     const auto frame = FrameSize();
     const Size room{work.Width() - frame.width, work.Height() - frame.height};
@@ -160,7 +168,7 @@ void UnoFormPeer::FitToContent() {
 }
 
 Rect UnoFormPeer::Reachable(const Rect& outer) const {
-  const auto work = const_cast<UnoFormPeer*>(this)->Desktop();
+  const auto work = WorkArea();
   const auto grip = m_fonts->Scale(kGripDip);
   const auto shared = std::min(outer.right, work.right) - std::max(outer.left, work.left);
   const auto within = outer.top >= work.top && outer.top + grip <= work.bottom;
@@ -182,7 +190,7 @@ bool UnoFormPeer::SetPlacement(const Placement& placement) {
   normal.right = std::max(normal.right, normal.left + least.width);
   normal.bottom = std::max(normal.bottom, normal.top + least.height);
   normal = Reachable(normal);
-  const auto outer = WantsMaximised() ? Desktop() : normal;
+  const auto outer = WantsMaximised() ? WorkArea() : normal;
   const auto frame = FrameSize();
   MoveTo({outer.left, outer.top});
   Resize({outer.Width() - frame.width, outer.Height() - frame.height});
@@ -195,7 +203,7 @@ bool UnoFormPeer::WantsMaximised() const {
 }
 
 bool UnoFormPeer::FillsDesktop(const Rect& outer) const {
-  const auto work = const_cast<UnoFormPeer*>(this)->Desktop();
+  const auto work = WorkArea();
   return m_form.BorderStyle() == BorderStyle::Sizable && outer.Width() >= work.Width() &&
          outer.Height() >= work.Height();
 }
@@ -208,7 +216,7 @@ void UnoFormPeer::RememberState() {
   m_form.WindowState(maximised ? WindowState::Maximized : WindowState::Normal);
 }
 
-Rect UnoFormPeer::Desktop() {
+Rect UnoFormPeer::WorkArea() const {
   Rect desktop{0, 0, 1024, 768};
   WhileThere([&] {
     const auto area = m_toolkit->getWorkArea();
@@ -217,6 +225,8 @@ Rect UnoFormPeer::Desktop() {
   });
   return desktop;
 }
+
+Rect UnoFormPeer::Desktop() { return WorkArea(); }
 
 Size UnoFormPeer::OuterSize() { return m_window ? OuterOf(Client()) : Size{}; }
 

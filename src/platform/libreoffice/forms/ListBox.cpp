@@ -28,8 +28,8 @@ ListPeer::ListPeer(UnoFormPeer& form, pellora::ListControl& list) : PeerOf(form,
 }
 
 UnoControlPeer::KeyUse ListPeer::Use(const awt::KeyEvent& key) {
-  const auto dropped = Self().Kind() == ControlKind::ComboBox && IsDroppedDown(m_window);
-  return dropped && IsForDroppedList(key) ? KeyUse::Native : KeyUse::Form;
+  const auto dropsDown = Self().Kind() == ControlKind::ComboBox && IsForDroppedList(key);
+  return dropsDown && IsDroppedDown(m_form.GetContext(), m_window) ? KeyUse::Native : KeyUse::Form;
 }
 
 void ListPeer::FollowItems() {

@@ -41,11 +41,20 @@ uno::Reference<awt::XWindowPeer> WindowToBeOver(const uno::Reference<uno::XCompo
   return window;
 }
 
+Point CornerOf(const uno::Reference<awt::XWindowPeer>& window) {
+  for (const auto* form : Showing())
+    if (form && window.is() && form->GetWindow().Peer() == window) return form->Corner();
+  return OnScreen(window);
+}
+
 UnoFormPeer* InnermostForm() { return Showing().empty() ? nullptr : Showing().back(); }
 
 ModalScope::ModalScope(UnoFormPeer* form) { Showing().push_back(form); }
 
-ModalScope::~ModalScope() { Showing().pop_back(); }
+ModalScope::~ModalScope() {
+  Showing().pop_back();
+  if (auto* form = InnermostForm()) form->Resume();
+}
 
 OthersDisabled::OthersDisabled(const uno::Reference<uno::XComponentContext>& context,
                                const uno::Reference<awt::XWindowPeer>& over) {

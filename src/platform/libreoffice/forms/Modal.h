@@ -12,6 +12,9 @@ class UnoFormPeer;
 /// The office program's top window that a user is working in; null when it shows none.
 uno::Reference<awt::XWindowPeer> WindowToBeOver(const uno::Reference<uno::XComponentContext>& context);
 
+/// Where the inside of such a window begins on the screen; the screen's corner for no window.
+Point CornerOf(const uno::Reference<awt::XWindowPeer>& window);
+
 /// The form whose modal showing is the innermost; null when there is none, or when a message box is over it.
 UnoFormPeer* InnermostForm();
 

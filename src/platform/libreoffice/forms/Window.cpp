@@ -1,11 +1,15 @@
 #include "platform/libreoffice/forms/Window.h"
 
+#include <com/sun/star/accessibility/XAccessible.hpp>
+#include <com/sun/star/accessibility/XAccessibleComponent.hpp>
 #include <com/sun/star/awt/PosSize.hpp>
 #include <com/sun/star/awt/WindowDescriptor.hpp>
 
 #include "core/Error.h"
 
 namespace pellora::libreoffice {
+
+namespace accessibility = com::sun::star::accessibility;
 
 void Window::Make(const uno::Reference<awt::XToolkit>& toolkit, const uno::Reference<awt::XWindowPeer>& parent,
                   const char* kind, sal_Int32 attributes, awt::WindowClass windowClass) {
@@ -45,6 +49,13 @@ void Window::Set(const char* property, const uno::Any& value) const {
     WhileThere([&] { m_properties->setProperty(rtl::OUString::createFromAscii(property), value); });
 }
 
+uno::Any Window::Get(const char* property) const {
+  uno::Any value;
+  if (m_properties.is())
+    WhileThere([&] { value = m_properties->getProperty(rtl::OUString::createFromAscii(property)); });
+  return value;
+}
+
 void Window::Place(const Rect& bounds) const {
   if (!m_window.is()) return;
   WhileThere(
@@ -61,6 +72,19 @@ void Window::Show(bool visible) const {
 
 void Window::Focus() const {
   if (m_window.is()) WhileThere([&] { m_window->setFocus(); });
+}
+
+Point OnScreen(const uno::Reference<awt::XWindowPeer>& window) {
+  Point place;
+  WhileThere([&] {
+    const uno::Reference<accessibility::XAccessible> accessible(window, uno::UNO_QUERY);
+    if (!accessible.is()) return;
+    const uno::Reference<accessibility::XAccessibleComponent> shown(accessible->getAccessibleContext(),
+                                                                    uno::UNO_QUERY_THROW);
+    const auto location = shown->getLocationOnScreen();
+    place = {static_cast<int>(location.X), static_cast<int>(location.Y)};
+  });
+  return place;
 }
 
 }  // namespace pellora::libreoffice

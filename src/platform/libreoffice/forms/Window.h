@@ -53,6 +53,7 @@ class Window {
   }
 
   void Set(const char* property, const uno::Any& value) const;
+  uno::Any Get(const char* property) const;
   void Place(const Rect& bounds) const;
   void Enable(bool enabled) const;
   void Show(bool visible) const;
@@ -63,5 +64,8 @@ class Window {
   uno::Reference<awt::XWindow2> m_window;
   uno::Reference<awt::XVclWindowPeer> m_properties;
 };
+
+/// Where the inside of a document's window begins on the screen; the screen's corner for no window.
+Point OnScreen(const uno::Reference<awt::XWindowPeer>& window);
 
 }  // namespace pellora::libreoffice

@@ -10,6 +10,7 @@
 #include "core/Convert.h"
 #include "platform/libreoffice/uno/Documents.h"
 #include "platform/libreoffice/uno/Failure.h"
+#include "platform/libreoffice/uno/Values.h"
 
 namespace pellora::libreoffice {
 namespace {
@@ -126,8 +127,8 @@ void ChangeLines(const Call& call, const Change& change) {
 BorderLine2 Drawn(const BorderLine2& line) { return IsLine(line) ? line : ThinLine(); }
 
 DispatchPtr Book(const Call& call) {
-  const auto application = ToObject(call.object.owner()->Plain("application", CallKind::Get, {}));
-  return ToObject(application->Invoke("ActiveWorkbook", CallKind::Get, {}));
+  const auto application = ObjectIn(call.object.owner()->Plain("application", CallKind::Get, {}));
+  return ObjectIn(application->Invoke("ActiveWorkbook", CallKind::Get, {}));
 }
 
 // The program counts red first, the object model of macros blue.

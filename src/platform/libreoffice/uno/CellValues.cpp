@@ -15,6 +15,7 @@
 #include "platform/libreoffice/uno/Documents.h"
 #include "platform/libreoffice/uno/Failure.h"
 #include "platform/libreoffice/uno/Text.h"
+#include "platform/libreoffice/uno/Values.h"
 
 namespace pellora::libreoffice {
 namespace {
@@ -238,7 +239,7 @@ Variant PutColumnWidth(const Call& call) {
   if (width < 0 || width > kWidestColumn) Refuse("Unable to set the ColumnWidth property of the Range class");
   if (width > 0) return call.Plain();
   const Variant hide(true);
-  ToObject(call.object.Plain("entirecolumn", CallKind::Get, {}))->Invoke("Hidden", CallKind::Put, {&hide, 1});
+  ObjectIn(call.object.Plain("entirecolumn", CallKind::Get, {}))->Invoke("Hidden", CallKind::Put, {&hide, 1});
   return {};
 }
 

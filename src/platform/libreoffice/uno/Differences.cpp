@@ -6,6 +6,7 @@
 #include "platform/libreoffice/uno/Documents.h"
 #include "platform/libreoffice/uno/Failure.h"
 #include "platform/libreoffice/uno/Places.h"
+#include "platform/libreoffice/uno/Values.h"
 
 namespace pellora::libreoffice {
 namespace {
@@ -17,7 +18,8 @@ Variant OnActiveSheet(const Call& call) {
 }
 
 Variant OnActiveWorkbook(const Call& call) {
-  return call.object.Invoke("ActiveWorkbook", CallKind::Get, {}).Object()->Invoke(call.name, call.kind, call.arguments);
+  return ObjectIn(call.object.Invoke("ActiveWorkbook", CallKind::Get, {}))
+      ->Invoke(call.name, call.kind, call.arguments);
 }
 
 using enum ObjectKind;

@@ -21,6 +21,7 @@
 #include <cppuhelper/implbase1.hxx>
 
 #include "platform/libreoffice/uno/Failure.h"
+#include "platform/libreoffice/uno/Values.h"
 
 namespace pellora::libreoffice {
 namespace {
@@ -203,7 +204,9 @@ std::shared_ptr<UnoDispatch> ActiveSheetOf(UnoDispatch& application) {
   if (!sheet) Refuse("No sheet is active");
   const Variant corner("A1");
   const Variant range = sheet->Plain("range", CallKind::Get, {&corner, 1});
-  known.document = DocumentOf(*std::static_pointer_cast<UnoDispatch>(range.Object())) == document ? document : nullptr;
+  const auto shown = std::dynamic_pointer_cast<UnoDispatch>(ObjectIn(range));
+  const bool same = shown && DocumentOf(*shown) == document;
+  known.document = same ? document : Reference<XInterface>();
   known.sheet.set(sheet->object(), UNO_QUERY);
   return sheet;
 }

@@ -1,5 +1,6 @@
 #include "platform/libreoffice/uno/Members.h"
 
+#include <algorithm>
 #include <com/sun/star/lang/XServiceInfo.hpp>
 #include <com/sun/star/lang/XTypeProvider.hpp>
 #include <com/sun/star/reflection/FieldAccessMode.hpp>
@@ -41,12 +42,6 @@ constexpr KindOfInterface kKinds[] = {
     {"ooo.vba.excel.XBorders", ObjectKind::Borders},
     {"ooo.vba.excel.XBorder", ObjectKind::Border},
 };
-
-std::string Lower(std::string text) {
-  for (char& c : text)
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  return text;
-}
 
 bool IsMachinery(std::string_view interface) {
   for (const auto name : kMachinery)
@@ -98,7 +93,6 @@ class TypeReader {
   void ReadInterface(const std::string& name) {
     for (const auto& entry : kKinds)
       if (entry.interface == name && m_type->m_kind == ObjectKind::Other) m_type->m_kind = entry.kind;
-    if (name == "com.sun.star.script.XInvocation") m_type->m_dynamic = true;
     if (IsMachinery(name)) return;
     const auto description = m_reflection->forName(Wide(name));
     if (!description.is()) return;
@@ -110,13 +104,13 @@ class TypeReader {
   }
 
   void ReadAttribute(const Reference<css::reflection::XIdlField>& field) {
-    Member& member = m_type->m_members[Lower(Narrow(field->getName()))];
+    Member& member = m_type->m_members[LowerName(Narrow(field->getName()))];
     member.attribute.set(field, css::uno::UNO_QUERY);
     if (member.attribute.is()) member.attributeType = member.attribute->getType()->getTypeClass();
   }
 
   void ReadMethod(const Reference<css::reflection::XIdlMethod>& method) {
-    const std::string name = Lower(Narrow(method->getName()));
+    const std::string name = LowerName(Narrow(method->getName()));
     const Method described = Describe(method);
     m_type->m_members[name].method = described;
     const std::string property = name.substr(std::min<std::size_t>(3, name.size()));

@@ -5,8 +5,6 @@
 #include <com/sun/star/uno/Reference.hxx>
 #include <com/sun/star/uno/XComponentContext.hpp>
 #include <map>
-#include <set>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,8 +12,6 @@
 #include "core/Dispatch.h"
 
 namespace pellora::libreoffice {
-
-struct Difference;
 
 /// A method that the program's own reflection describes, with the types of its parameters.
 struct Method {
@@ -47,14 +43,11 @@ class ObjectType {
   ObjectKind Kind() const { return m_kind; }
   /// Null for a name that the objects do not know.
   const Member* Find(std::string_view lowerName) const;
-  /// True for objects that find members themselves when they are asked (`XInvocation`) and have none that matter here.
-  bool Dynamic() const { return m_dynamic; }
 
  private:
   friend class TypeReader;
   std::map<std::string, Member, std::less<>> m_members;
   ObjectKind m_kind = ObjectKind::Other;
-  bool m_dynamic = false;
 };
 
 /// How many implementations were read in this process, for tests and measurements.

@@ -11,6 +11,7 @@
 #include "platform/libreoffice/uno/Documents.h"
 #include "platform/libreoffice/uno/Failure.h"
 #include "platform/libreoffice/uno/SheetParts.h"
+#include "platform/libreoffice/uno/Values.h"
 
 namespace pellora::libreoffice {
 namespace {
@@ -76,7 +77,7 @@ std::optional<SheetPart> CheckedPart(std::string_view address, const DispatchPtr
 }
 
 void CheckTexts(const Call& call) {
-  const auto application = ToObject(ApplicationOf(call));
+  const auto application = ObjectIn(ApplicationOf(call));
   for (const Variant& argument : call.arguments)
     if (argument.Is(Variant::Type::String)) CheckedPart(argument.String(), application);
 }
@@ -91,7 +92,7 @@ Variant NamedOnSheet(const Call& call) {
   if (call.arguments.size() != 1 || !parts || parts->size() != 1 || !IsName(parts->front().local)) RefuseRange();
   const Variant name(parts->front().local);
   const Variant found = call.Plain({&name, 1});
-  const auto sheet = ToObject(ShownRange(found).Plain("worksheet", CallKind::Get, {}));
+  const auto sheet = ObjectIn(ShownRange(found).Plain("worksheet", CallKind::Get, {}));
   if (!EqualNoCase(ToText(sheet->Invoke("Name", CallKind::Get, {})), *parts->front().sheet)) RefuseRange();
   return found;
 }
@@ -218,7 +219,7 @@ Variant SelectVisibleSheet(const Call& call) {
 }
 
 Variant LastCell(const Call& call) {
-  const auto sheet = ToObject(call.object.Plain("worksheet", CallKind::Get, {}));
+  const auto sheet = ObjectIn(call.object.Plain("worksheet", CallKind::Get, {}));
   const Variant used = sheet->Invoke("UsedRange", CallKind::Get, {});
   const auto place = PlaceOf(ShownRange(used));
   const Variant corner[] = {place.EndRow + 1, place.EndColumn + 1};

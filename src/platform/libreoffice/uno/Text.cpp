@@ -11,4 +11,11 @@ std::string Narrow(const rtl::OUString& text) {
   return {bytes.getStr(), static_cast<std::size_t>(bytes.getLength())};
 }
 
+std::string LowerName(std::string_view name) {
+  std::string lower(name);
+  for (char& c : lower)
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+  return lower;
+}
+
 }  // namespace pellora::libreoffice

@@ -11,4 +11,7 @@ namespace pellora::libreoffice {
 rtl::OUString Wide(std::string_view text);
 std::string Narrow(const rtl::OUString& text);
 
+/// The name of a member with the letters A to Z in lower case, as the members are kept.
+std::string LowerName(std::string_view name);
+
 }  // namespace pellora::libreoffice

@@ -17,13 +17,6 @@ using css::uno::Any;
 using css::uno::Reference;
 using css::uno::Sequence;
 
-std::string Lower(std::string_view name) {
-  std::string lower(name);
-  for (char& c : lower)
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  return lower;
-}
-
 // Arguments that are left out at the end are void, where a parameter takes any value.
 Sequence<Any> Padded(const Method& method, std::span<const Variant> arguments) {
   const auto& types = method.parameters;
@@ -49,14 +42,17 @@ UnoDispatch::UnoDispatch(Object object, SessionPtr session)
 Variant UnoDispatch::Invoke(std::string_view name, CallKind kind, std::span<const Variant> arguments) {
   return Guarded([&] {
     CheckAlive(*this);
-    const Call call{*this, Lower(name), kind, arguments};
+    for (const Variant& argument : arguments)
+      if (argument.Is(Variant::Type::Object))
+        if (const auto* shown = dynamic_cast<const UnoDispatch*>(argument.Object().get())) CheckAlive(*shown);
+    const Call call{*this, LowerName(name), kind, arguments};
     const Difference* difference = DifferenceFor(call);
     return difference ? difference->instead(call) : call.Plain();
   });
 }
 
 bool UnoDispatch::Has(std::string_view name) {
-  const std::string lower = Lower(name);
+  const std::string lower = LowerName(name);
   return m_type->Find(lower) || AddsMember(m_type->Kind(), lower);
 }
 
@@ -118,7 +114,7 @@ Any UnoDispatch::Run(const Method& method, std::span<const Variant> arguments) {
 Any UnoDispatch::Indexed(const Any& collection, std::span<const Variant> arguments) {
   const Reference<css::script::XDefaultMethod> object(collection, css::uno::UNO_QUERY);
   if (!object.is()) throw Error(errors::WrongArgumentCount);
-  const std::string name = Lower(Narrow(object->getDefaultMethodName()));
+  const std::string name = LowerName(Narrow(object->getDefaultMethodName()));
   UnoDispatch shown(object, m_session);
   const Member* member = shown.m_type->Find(name);
   if (!member) throw Error(errors::WrongArgumentCount);

@@ -35,8 +35,8 @@ class UnoDispatch : public Dispatch, public std::enable_shared_from_this<UnoDisp
   const Context& context() const { return m_session->context; }
   const ObjectType& type() const { return *m_type; }
 
-  /// The range that a border, a fill or a font belongs to, as which member of it this was asked for, and with which
-  /// index; null and empty for objects that stand for themselves.
+  /// The range that a border, a fill or a font belongs to, and the index with which it was asked for; null and empty
+  /// for objects that stand for themselves.
   const std::shared_ptr<UnoDispatch>& owner() const { return m_owner; }
   const Variant& index() const { return m_index; }
 

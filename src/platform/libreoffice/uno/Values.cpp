@@ -190,4 +190,10 @@ Any ToAnyOf(const Variant& value, TypeClass type) {
   return ToAny(value);
 }
 
+DispatchPtr ObjectIn(const Variant& value) {
+  auto object = ToObject(value);
+  if (!object) throw Error(errors::ObjectNotSet);
+  return object;
+}
+
 }  // namespace pellora::libreoffice

@@ -35,4 +35,7 @@ Variant FromAny(const com::sun::star::uno::Any& value, const SessionPtr& session
 /// not convert.
 com::sun::star::uno::Any ToAnyOf(const Variant& value, com::sun::star::uno::TypeClass type);
 
+/// The object that a value holds; raises 91 when it holds nothing and 424 when it holds no object.
+DispatchPtr ObjectIn(const Variant& value);
+
 }  // namespace pellora::libreoffice
