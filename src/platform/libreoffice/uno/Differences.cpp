@@ -51,7 +51,9 @@ constexpr Difference kDifferences[] = {
     {Range, "value", true, false, ReadValue, nullptr, "a cell with an error reads as 0; an argument is not taken"},
     {Range, "value2", true, false, ReadValue2, LacksMember, "there is no such member"},
     {Range, "value", false, true, PutValue, nullptr,
-     "empty values, dates and errors are passed over; a text mark leaves a text format on the cell for good"},
+     "empty values, dates and errors are passed over; a text mark leaves a text format on the cell for good; a formula "
+     "is "
+     "read in the program's own notation, to which '!' is an intersection"},
     {Range, "value2", false, true, PutValue, LacksMember, "there is no such member"},
     {Range, "formula", true, false, ReadFormula, nullptr,
      "a link to another program reads as a function, a text of digits with a mark before it"},
@@ -68,6 +70,7 @@ constexpr Difference kDifferences[] = {
     {Border, "weight", false, true, PutWeight, OfRange, "forgets the style; diagonals are passed over"},
     {Border, "colorindex", true, false, ReadColorIndex, OfRange, "diagonals are passed over"},
     {Border, "colorindex", false, true, PutColorIndex, OfRange, "forgets the style; diagonals are passed over"},
+    {Interior, "colorindex", true, false, ReadBackground, OfRange, "cells of several backgrounds read as without one"},
     {Borders, "linestyle", false, true, PutLineStyle, OfRange, "passed over in silence"},
     {Borders, "weight", false, true, PutWeight, OfRange, "forgets the style"},
     {Borders, "colorindex", false, true, PutColorIndex, OfRange, "forgets the style"},
