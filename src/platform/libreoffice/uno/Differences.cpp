@@ -1,5 +1,6 @@
 #include "platform/libreoffice/uno/Differences.h"
 
+#include "core/Convert.h"
 #include "core/Error.h"
 #include "platform/libreoffice/uno/BorderLines.h"
 #include "platform/libreoffice/uno/CellValues.h"
@@ -22,12 +23,22 @@ Variant OnActiveWorkbook(const Call& call) {
       ->Invoke(call.name, call.kind, call.arguments);
 }
 
+// The program counts how often the screen was switched off.
+bool IsSwitchedSo(const Call& call) {
+  return call.arguments.size() == 1 &&
+         ToBoolean(call.object.Plain(call.name, CallKind::Get, {})) == ToBoolean(call.arguments[0]);
+}
+
+Variant LeftAsItIs(const Call&) { return {}; }
+
 using enum ObjectKind;
 
 constexpr Difference kDifferences[] = {
     {Application, "columns", true, false, OnActiveSheet, LacksMember, "the application has no columns of its own"},
     {Application, "cells", true, false, OnActiveSheet, LacksMember, "the application has no cells of its own"},
     {Application, "sheets", true, false, OnActiveWorkbook, LacksMember, "the application has no sheets of its own"},
+    {Application, "screenupdating", false, true, LeftAsItIs, IsSwitchedSo,
+     "switched off twice it must be switched on twice"},
     {Application, "range", true, false, RangeOfApplication, nullptr,
      "a sheet that is not there gives a range that crashes the program; sheets may differ within one address; a file "
      "in "
