@@ -15,13 +15,13 @@ function(pellora_floor name folder)
 endfunction()
 
 # pellora_host(NAME [LIBRARIES...]): the spreadsheet host of the folder tests/hosts/NAME, with what all hosts share, as a
-# static library pellora_host_NAME. A program of tests is linked with one.
+# static library pellora_host_NAME. A program of tests is linked with one; it brings its own main().
 function(pellora_host name)
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/hosts/*.cpp
        ${PROJECT_SOURCE_DIR}/tests/hosts/${name}/*.cpp)
   add_library(pellora_host_${name} STATIC ${sources})
   target_include_directories(pellora_host_${name} PUBLIC ${PROJECT_SOURCE_DIR})
-  target_link_libraries(pellora_host_${name} PUBLIC pellora_core ${ARGN} GTest::gmock_main)
+  target_link_libraries(pellora_host_${name} PUBLIC pellora_core ${ARGN} GTest::gmock)
 endfunction()
 
 # Tests are compiled far more often than their speed would matter: without optimisation, and of the sanitizers with the

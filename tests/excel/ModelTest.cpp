@@ -115,6 +115,13 @@ TEST_F(Model, ScreenUpdatingReadsBack) {
   EXPECT_TRUE(application.ScreenUpdating());
 }
 
+TEST_F(Model, ScreenUpdatingSwitchedOffTwiceIsSwitchedOnAtOnce) {
+  application.ScreenUpdating(false);
+  application.ScreenUpdating(false);
+  application.ScreenUpdating(true);
+  EXPECT_TRUE(application.ScreenUpdating());
+}
+
 TEST_F(Model, AnUnknownMemberIsToldByItsNumber) {
   EXPECT_FALSE(application.get()->Has("Nosuchmember"));
   EXPECT_EQ(NumberOf([&] { Use(application.get(), CallKind::Get, "Nosuchmember", {}); }), errors::MemberNotSupported);
@@ -212,6 +219,25 @@ TEST_F(ModelValue, ALinkReadsBackAsWrittenAndShowsWhatItLeadsTo) {
   EXPECT_EQ(At("B2").Value(), Variant(12.5));
 }
 
+TEST_F(ModelValue, ABlockTakesTextsFormulasDatesAndErrorsEachInItsPlace) {
+  const auto error = Variant::CellError(static_cast<std::int32_t>(0x800A07FA));
+  const auto rows = std::make_shared<VariantArray>(2, 5);
+  for (std::size_t row = 0; row < 2; ++row) {
+    rows->At(row, 0) = "'1.25";
+    rows->At(row, 1) = "=Desk!$E$7";
+    rows->At(row, 2) = Variant::Date(39434);
+    rows->At(row, 3) = error;
+    rows->At(row, 4) = "1.25";
+  }
+  book.Set("Desk", "E7", 12.5);
+  At("B2:F3").Value(rows);
+  const auto block = At("B2:F3").ValueBlock();
+  const Variant expected[] = {"1.25", 12.5, Variant::Date(39434), error, 1.25};
+  for (std::size_t row = 0; row < 2; ++row)
+    for (std::size_t column = 0; column < 5; ++column) EXPECT_EQ(block->At(row, column), expected[column]) << column;
+  EXPECT_EQ(At("C3").FormulaLocal(), Variant("=Desk!$E$7"));
+}
+
 TEST_F(ModelValue, FormulasOfABlockAreTextsOfConstantsToo) {
   At("B2").FormulaLocal("=Desk!$E$7");
   At("C2").Value("plain");
@@ -243,6 +269,11 @@ TEST_F(ModelLook, ABackgroundIsAnIndexOfThePalette) {
   EXPECT_EQ(book.Interior("Sheet1", "E2"), -4142);
   At("A2:D2").Interior().ColorIndex(-4142);
   EXPECT_EQ(book.Interior("Sheet1", "D2"), -4142);
+}
+
+TEST_F(ModelLook, SeveralBackgroundsHaveNoIndex) {
+  At("A2").Interior().ColorIndex(15);
+  EXPECT_TRUE(test::Late(At("A2:B2").Interior().get()).Get("ColorIndex").Is(Variant::Type::Null));
 }
 
 TEST_F(ModelLook, AnEdgeIsDrawnAsStyleThenWeightThenColour) {

@@ -1,6 +1,7 @@
 #include "platform/libreoffice/uno/BorderLines.h"
 
 #include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/beans/XPropertyState.hpp>
 #include <com/sun/star/table/BorderLine2.hpp>
 #include <com/sun/star/table/BorderLineStyle.hpp>
 #include <com/sun/star/table/TableBorder2.hpp>
@@ -203,6 +204,13 @@ Variant ReadColorIndex(const Call& call) {
   for (std::int32_t index = 1; index <= kColors; ++index)
     if (ColorAt(book, index) == line->Color) return index;
   return kAutomatic;
+}
+
+Variant ReadBackground(const Call& call) {
+  const css::uno::Reference<css::beans::XPropertyState> cells(NativeRange(*call.object.owner()), css::uno::UNO_QUERY);
+  const bool differ =
+      cells.is() && cells->getPropertyState("CellBackColor") == css::beans::PropertyState_AMBIGUOUS_VALUE;
+  return differ ? Variant::Null() : call.Plain();
 }
 
 Variant PutColorIndex(const Call& call) {

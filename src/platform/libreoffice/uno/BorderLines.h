@@ -18,5 +18,7 @@ Variant ReadWeight(const Call& call);
 Variant PutWeight(const Call& call);
 Variant ReadColorIndex(const Call& call);
 Variant PutColorIndex(const Call& call);
+/// Of a range's inside, not its lines: null where the cells differ.
+Variant ReadBackground(const Call& call);
 
 }  // namespace pellora::libreoffice

@@ -36,6 +36,21 @@ constexpr ErrorPair kErrors[] = {{532, 2007}, {521, 2000}, {524, 2023},  {525, 2
                                  {502, 2036}, {503, 2036}, {32767, 2042}};
 constexpr std::int32_t kValueError = 2015;
 
+// The program has error values as results of formulas only.
+struct ErrorFormula {
+  std::int32_t number;
+  std::string_view formula;
+};
+
+constexpr ErrorFormula kErrorFormulas[] = {{2000, "=#NULL!"}, {2007, "=#DIV/0!"}, {2015, "=#VALUE!"}, {2023, "=#REF!"},
+                                           {2029, "=#NAME?"}, {2036, "=#NUM!"},   {2042, "=#N/A"}};
+
+bool IsErrorFormula(std::string_view text) {
+  for (const auto& entry : kErrorFormulas)
+    if (entry.formula == text) return true;
+  return false;
+}
+
 bool IsZero(const Variant& value) { return value.Is(Variant::Type::Double) && value.Double() == 0; }
 
 bool HasZero(const VariantArray& block) {
@@ -67,75 +82,15 @@ Reference<css::table::XCell> FirstCell(UnoDispatch& range) {
 
 bool IsMarked(const Variant& value) { return value.Is(Variant::Type::String) && value.String().starts_with('\''); }
 
-// What the program takes in place of a value that it passes over.
-Variant Taken(const Variant& value) {
-  switch (value.Kind()) {
-    case Variant::Type::Empty:
-    case Variant::Type::Null:
-    case Variant::Type::Missing: return "";
-    case Variant::Type::Date: return value.DateDays();
-    case Variant::Type::Error: throw Error(errors::TypeMismatch);
-    case Variant::Type::Integer:
-    case Variant::Type::Long: return ToDouble(value);
-    default: return value;
-  }
-}
-
-// A text set so is not read, but leaves a text format on the cell, by which nothing written later would be read either:
-// the cell keeps the format that it had.
-void PutMarkedText(const Reference<css::table::XCell>& cell, const std::string& text) {
-  const Reference<css::text::XTextRange> content(cell, UNO_QUERY);
-  const Reference<css::beans::XPropertySet> look(cell, UNO_QUERY);
-  if (!content.is() || !look.is()) return;
-  const auto format = look->getPropertyValue("NumberFormat");
-  content->setString(Wide(std::string_view(text).substr(1)));
-  look->setPropertyValue("NumberFormat", format);
-}
-
-// The same text into every cell.
-void PutMarkedText(const Call& call, const std::string& text) {
-  const Reference<css::table::XCellRange> cells(NativeRange(call.object), UNO_QUERY);
-  if (!cells.is()) RaiseDisconnected();
-  const auto place = PlaceOf(call.object);
-  for (sal_Int32 row = 0; row <= place.EndRow - place.StartRow; ++row)
-    for (sal_Int32 column = 0; column <= place.EndColumn - place.StartColumn; ++column)
-      PutMarkedText(cells->getCellByPosition(column, row), text);
-}
-
-bool IsSeveralAreas(UnoDispatch& range) {
-  return !Reference<css::table::XCellRange>(NativeRange(range), UNO_QUERY).is();
-}
-
-Variant PutBlock(const Call& call, const VariantArray& values) {
-  auto taken = std::make_shared<VariantArray>(values.Rows(), values.Columns(), values.RowBase(), values.ColumnBase(),
-                                              values.Dimensions());
-  std::vector<std::pair<std::size_t, std::size_t>> marked;
-  for (std::size_t row = 0; row < values.Rows(); ++row)
-    for (std::size_t column = 0; column < values.Columns(); ++column) {
-      const Variant& value = values.At(row, column);
-      taken->At(row, column) = IsMarked(value) ? Variant("") : value.IsEmpty() ? value : Taken(value);
-      if (IsMarked(value)) marked.emplace_back(row, column);
-    }
-  const Variant block(taken);
-  call.object.Plain("value", CallKind::Put, {&block, 1});
-  if (marked.empty()) return {};
-  const Reference<css::table::XCellRange> cells(NativeRange(call.object), UNO_QUERY);
-  const auto place = PlaceOf(call.object);
-  for (const auto& [row, column] : marked)
-    if (cells.is() && static_cast<sal_Int32>(row) <= place.EndRow - place.StartRow &&
-        static_cast<sal_Int32>(column) <= place.EndColumn - place.StartColumn)
-      PutMarkedText(cells->getCellByPosition(static_cast<sal_Int32>(column), static_cast<sal_Int32>(row)),
-                    values.At(row, column).String());
-  return {};
-}
-
 Variant WithoutDates(const Variant& value) { return value.Is(Variant::Type::Date) ? Variant(value.DateDays()) : value; }
 
 // A formula as the spreadsheet has it: a link to another program in its short form, a text that reads as a number
 // without the mark that this program puts before it.
 Variant AsFormula(const Variant& formula, UnoDispatch& range, sal_Int32 row, sal_Int32 column) {
   if (!formula.Is(Variant::Type::String)) return formula;
-  if (!IsMarked(formula)) return FunctionAsLink(formula.String());
+  if (!IsMarked(formula))
+    return IsErrorFormula(formula.String()) ? Variant(formula.String().substr(1))
+                                            : Variant(FunctionAsLink(formula.String()));
   const Reference<css::table::XCellRange> cells(NativeRange(range), UNO_QUERY);
   const Reference<css::text::XTextRange> content(
       cells.is() ? cells->getCellByPosition(column, row) : Reference<css::table::XCell>(), UNO_QUERY);
@@ -176,6 +131,12 @@ Variant CellErrorOf(std::int32_t nativeError) {
   return Variant::CellError(kErrorBase + kValueError);
 }
 
+std::string_view FormulaOfError(std::int32_t code) {
+  for (const auto& entry : kErrorFormulas)
+    if (kErrorBase + entry.number == code) return entry.formula;
+  throw Error(errors::TypeMismatch);
+}
+
 Variant ReadValue(const Call& call) {
   const Variant value = call.object.Plain("value", CallKind::Get, {});
   if (IsZero(value)) {
@@ -197,15 +158,6 @@ Variant ReadValue2(const Call& call) {
   return value;
 }
 
-Variant PutValue(const Call& call) {
-  if (call.arguments.empty()) throw Error(errors::WrongArgumentCount);
-  const Variant& value = call.arguments.back();
-  if (value.Is(Variant::Type::Array)) return PutBlock(call, value.Array());
-  if (IsMarked(value) && !IsSeveralAreas(call.object)) return PutMarkedText(call, value.String()), Variant();
-  const Variant taken = Taken(value);
-  return call.object.Plain("value", CallKind::Put, {&taken, 1});
-}
-
 Variant ReadFormula(const Call& call) {
   const Variant formula = call.Plain();
   if (!formula.Is(Variant::Type::Array)) return AsFormula(formula, call.object, 0, 0);
@@ -215,14 +167,6 @@ Variant ReadFormula(const Call& call) {
       block.At(row, column) =
           AsFormula(block.At(row, column), call.object, static_cast<sal_Int32>(row), static_cast<sal_Int32>(column));
   return formula;
-}
-
-Variant PutFormula(const Call& call) {
-  if (call.arguments.size() != 1) throw Error(errors::WrongArgumentCount);
-  const Variant& formula = call.arguments.front();
-  if (!formula.Is(Variant::Type::String) || IsMarked(formula)) return PutValue(call);
-  const Variant read(LinkAsFunction(formula.String()));
-  return call.Plain({&read, 1});
 }
 
 Variant ReadColumnWidth(const Call& call) {

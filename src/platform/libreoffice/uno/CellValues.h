@@ -16,6 +16,8 @@ Variant PutColumnWidth(const Call& call);
 
 /// The spreadsheet's error value for a cell's error number in the program's own terms.
 Variant CellErrorOf(std::int32_t nativeError);
+/// The formula that shows an error value; raises 13 for a code that is none.
+std::string_view FormulaOfError(std::int32_t code);
 
 /// A link to another program as a formula, =app|topic!item, in the form of a function that this program reads; any
 /// other text unchanged. And back.

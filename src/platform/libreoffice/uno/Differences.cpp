@@ -1,5 +1,6 @@
 #include "platform/libreoffice/uno/Differences.h"
 
+#include "core/Convert.h"
 #include "core/Error.h"
 #include "platform/libreoffice/uno/BorderLines.h"
 #include "platform/libreoffice/uno/CellValues.h"
@@ -22,12 +23,22 @@ Variant OnActiveWorkbook(const Call& call) {
       ->Invoke(call.name, call.kind, call.arguments);
 }
 
+// The program counts how often the screen was switched off.
+bool IsSwitchedSo(const Call& call) {
+  return call.arguments.size() == 1 &&
+         ToBoolean(call.object.Plain(call.name, CallKind::Get, {})) == ToBoolean(call.arguments[0]);
+}
+
+Variant LeftAsItIs(const Call&) { return {}; }
+
 using enum ObjectKind;
 
 constexpr Difference kDifferences[] = {
     {Application, "columns", true, false, OnActiveSheet, LacksMember, "the application has no columns of its own"},
     {Application, "cells", true, false, OnActiveSheet, LacksMember, "the application has no cells of its own"},
     {Application, "sheets", true, false, OnActiveWorkbook, LacksMember, "the application has no sheets of its own"},
+    {Application, "screenupdating", false, true, LeftAsItIs, IsSwitchedSo,
+     "switched off twice it must be switched on twice"},
     {Application, "range", true, false, RangeOfApplication, nullptr,
      "a sheet that is not there gives a range that crashes the program; sheets may differ within one address; a file "
      "in "
@@ -51,7 +62,9 @@ constexpr Difference kDifferences[] = {
     {Range, "value", true, false, ReadValue, nullptr, "a cell with an error reads as 0; an argument is not taken"},
     {Range, "value2", true, false, ReadValue2, LacksMember, "there is no such member"},
     {Range, "value", false, true, PutValue, nullptr,
-     "empty values, dates and errors are passed over; a text mark leaves a text format on the cell for good"},
+     "empty values, dates and errors are passed over; a text mark leaves a text format on the cell for good; a formula "
+     "is "
+     "read in the program's own notation, to which '!' is an intersection"},
     {Range, "value2", false, true, PutValue, LacksMember, "there is no such member"},
     {Range, "formula", true, false, ReadFormula, nullptr,
      "a link to another program reads as a function, a text of digits with a mark before it"},
@@ -68,6 +81,7 @@ constexpr Difference kDifferences[] = {
     {Border, "weight", false, true, PutWeight, OfRange, "forgets the style; diagonals are passed over"},
     {Border, "colorindex", true, false, ReadColorIndex, OfRange, "diagonals are passed over"},
     {Border, "colorindex", false, true, PutColorIndex, OfRange, "forgets the style; diagonals are passed over"},
+    {Interior, "colorindex", true, false, ReadBackground, OfRange, "cells of several backgrounds read as without one"},
     {Borders, "linestyle", false, true, PutLineStyle, OfRange, "passed over in silence"},
     {Borders, "weight", false, true, PutWeight, OfRange, "forgets the style"},
     {Borders, "colorindex", false, true, PutColorIndex, OfRange, "forgets the style"},

@@ -41,6 +41,7 @@ constexpr KindOfInterface kKinds[] = {
     {"ooo.vba.excel.XRange", ObjectKind::Range},
     {"ooo.vba.excel.XBorders", ObjectKind::Borders},
     {"ooo.vba.excel.XBorder", ObjectKind::Border},
+    {"ooo.vba.excel.XInterior", ObjectKind::Interior},
 };
 
 bool IsMachinery(std::string_view interface) {

@@ -30,7 +30,7 @@ struct Member {
 };
 
 /// The kinds of objects for which the table of differences has rows.
-enum class ObjectKind { Other, Application, Workbook, Worksheets, Worksheet, Range, Borders, Border };
+enum class ObjectKind { Other, Application, Workbook, Worksheets, Worksheet, Range, Borders, Border, Interior };
 
 /// The members of all objects of one implementation, by names in lower case. Made once for each implementation, when
 /// its first object is used; a call then looks a name up in a map.

@@ -71,7 +71,8 @@ Variant UnoDispatch::Adopt(Variant answer, std::span<const Variant> arguments) {
   auto* child = dynamic_cast<UnoDispatch*>(answer.Object().get());
   if (!child) return answer;
   const ObjectKind kind = child->m_type->Kind();
-  const bool part = kind == ObjectKind::Other || kind == ObjectKind::Borders || kind == ObjectKind::Border;
+  const bool part = kind == ObjectKind::Other || kind == ObjectKind::Borders || kind == ObjectKind::Border ||
+                    kind == ObjectKind::Interior;
   if (!part) return answer;
   if (m_type->Kind() == ObjectKind::Range) child->m_owner = shared_from_this();
   if (m_owner) child->m_owner = m_owner;
