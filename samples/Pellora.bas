@@ -2,8 +2,8 @@ Attribute VB_Name = "PelloraDialogs"
 Option Explicit
 
 ' The dialogs of a quote workbook, for its macros. The same module serves in Excel (File, Import File...) and in
-' LibreOffice (below a line "Option VBASupport 1", in the workbook or in a library of "My Macros"). Call, from buttons or
-' from macros of your own:
+' LibreOffice (below a line "Option VBASupport 1", in the workbook or in a library of "My Macros"). Call, from buttons
+' or from macros of your own:
 '
 '   ChooseQuoteFields    the quote fields of a new project
 '   AddInstruments       instruments, each written below the last one on the quote sheet
@@ -11,9 +11,9 @@ Option Explicit
 '   ReleasePellora       lets the library go; Workbook_BeforeClose is the place to call it
 '
 ' Everything here is late-bound: the workbook opens on every machine, also where the library is not installed. Excel
-' knows no constant LibreOffice, so it leaves out what is between #If LibreOffice and #End If; LibreOffice takes no notice
-' of these two lines. In Excel, with a reference to "Vantix user interface library" (Tools, References...) the same is
-' early-bound, with completion while you type:
+' knows no constant LibreOffice, so it leaves out what is between #If LibreOffice and #End If; LibreOffice takes no
+' notice of these two lines. In Excel, with a reference to "Vantix user interface library" (Tools, References...) the
+' same is early-bound, with completion while you type:
 '
 '   Private mLibrary As Pellora.cPellora
 '   Set mLibrary = New Pellora.cPellora
