@@ -9,6 +9,7 @@ import sys
 from pathlib import Path
 
 import uno
+from com.sun.star.document.MacroExecMode import USE_CONFIG
 from com.sun.star.table.BorderLineStyle import DASH_DOT_DOT
 from demo_check import KINDS, QUOTES, SETTINGS, target_among
 from office_tests import office
@@ -101,8 +102,10 @@ class Result:
 
 
 def opened(desktop, path):
-    hidden = uno.createUnoStruct("com.sun.star.beans.PropertyValue", Name="Hidden", Value=True)
-    return desktop.loadComponentFromURL(Path(path).resolve().as_uri(), "_blank", 0, (hidden,))
+    """A document without a window, whose macros may run as the profile has it."""
+    options = {"Hidden": True, "MacroExecutionMode": USE_CONFIG}
+    values = (uno.createUnoStruct("com.sun.star.beans.PropertyValue", Name=n, Value=v) for n, v in options.items())
+    return desktop.loadComponentFromURL(Path(path).resolve().as_uri(), "_blank", 0, tuple(values))
 
 
 def records_of(document):

@@ -18,7 +18,6 @@ constexpr int kButtonPadding = 12;
 constexpr int kSmallButtonPadding = 6;
 constexpr int kLineHeight = 23;
 constexpr int kLinePadding = 10;
-constexpr int kCheckGlyph = 20;
 constexpr int kCheckHeight = 17;
 constexpr int kCheckPadding = 4;
 constexpr int kEditPadding = 12;
@@ -84,7 +83,7 @@ Size LabelSize(const Label& label, const Wishes& wishes, const TextMeasurer& mea
 
 Size CheckSize(const Control& control, const TextMeasurer& measurer) {
   const auto text = CaptionSize(control, TextStyle::Normal, measurer);
-  return {text.width + measurer.Scale(kCheckGlyph),
+  return {text.width + measurer.CheckGlyph(),
           std::max(measurer.Scale(kCheckHeight), text.height + measurer.Scale(kCheckPadding))};
 }
 

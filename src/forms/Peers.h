@@ -48,6 +48,8 @@ class TextMeasurer {
   /// The pixels a line of text takes. A "&" counts like any other character.
   virtual Size Measure(std::string_view text, TextStyle style) const = 0;
   virtual int Dpi() const = 0;
+  /// The pixels that the box of a check box or the circle of an option button takes, with the room beside it.
+  virtual int CheckGlyph() const { return Scale(20); }
   /// A length in dip as pixels.
   int Scale(int dip) const { return (dip * Dpi() + 48) / 96; }
 };

@@ -54,6 +54,10 @@ class OfficePlayer(Player):
     def items(self, box):
         return self.ask("items", box.handle)
 
+    def wait(self, title, seconds=None):
+        """Waits for a window that is ready for input: it is placed and laid out only after it has come up."""
+        return self.steady(super().wait(title, seconds))
+
     def whole_picture(self, path):
         """Saves what the display shows."""
         self._xdotool("mousemove", 1, 1)

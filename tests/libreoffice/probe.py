@@ -70,7 +70,6 @@ class Probe(unohelper.Base, XJob):
         self.toolkit = context.ServiceManager.createInstanceWithContext("com.sun.star.awt.Toolkit", context)
         self.desktop = context.ServiceManager.createInstanceWithContext("com.sun.star.frame.Desktop", context)
         self.tops = []
-        self.objects = {}
 
     def execute(self, arguments):
         command, *words = (argument.Value for argument in arguments)
@@ -85,7 +84,6 @@ class Probe(unohelper.Base, XJob):
         return json.dumps(look.answer)
 
     def windows(self):
-        self.objects = {}
         found = []
         for index in range(self.toolkit.getTopWindowCount()):
             try:
@@ -97,16 +95,16 @@ class Probe(unohelper.Base, XJob):
         return [window for window in found if "v" in window[0][8]]
 
     def table(self, handle):
-        table = self.objects[handle]
+        table = self._at(handle)
         rows = range(table.getAccessibleRowCount())
         return [[" "], *(["*" if table.isAccessibleRowSelected(row) else " "] for row in rows)]
 
     def items(self, handle):
-        entries = self.objects[handle]
+        entries = self._at(handle)
         return [self._child(entries, index).getAccessibleName() for index in range(entries.getAccessibleChildCount())]
 
     def cell(self, handle, row):
-        place = self._cell(self.objects[handle], int(row), 0).getLocationOnScreen()
+        place = self._cell(self._at(handle), int(row), 0).getLocationOnScreen()
         return [place.X, place.Y]
 
     def sheet(self, column, row):
@@ -136,6 +134,14 @@ class Probe(unohelper.Base, XJob):
         place, size = accessible.getLocationOnScreen(), accessible.getSize()
         return [place.X + size.Width // 2, place.Y + size.Height // 2] if size.Width else None
 
+    def _at(self, handle):
+        """The object of a handle, found anew: none is kept longer than a look takes, nor than its window."""
+        top, *path = map(int, handle.split("."))
+        accessible = self.tops[top].getAccessibleContext()
+        for index in path:
+            accessible = self._child(accessible, index)
+        return accessible
+
     def _top(self, window):
         known = next((number for number, top in enumerate(self.tops) if top == window), len(self.tops))
         if known == len(self.tops):
@@ -163,7 +169,6 @@ class Probe(unohelper.Base, XJob):
         flags = "".join(letter for letter, state in FLAGS if states.contains(state))
         place, size = accessible.getLocationOnScreen(), accessible.getSize()
         area = [place.X, place.Y, place.X + size.Width, place.Y + size.Height]
-        self.objects[handle] = accessible
         value = "1" if states.contains(State.CHECKED) else "0"
         return [depth, handle, 0, kind, *area, flags, style, value, self._text(accessible, kind)]
 

@@ -102,7 +102,12 @@ awt::Rectangle Hands::PlaceOf(const Control& control) const {
 }
 
 void Hands::MoveTo(const Control& control, Point place) const {
-  const auto at = PlaceOf(control);
+  // A window manager may still be moving the window.
+  auto at = PlaceOf(control);
+  for (awt::Rectangle before; before.X != at.X || before.Y != at.Y; at = PlaceOf(control)) {
+    before = at;
+    std::this_thread::sleep_for(std::chrono::milliseconds(60));
+  }
   const auto to = std::to_string(at.X + place.x) + " " + std::to_string(at.Y + place.y);
   // A pointer that is there already has to move for the toolkit to notice.
   RunProgram("xdotool mousemove_relative 3 3 mousemove " + to);

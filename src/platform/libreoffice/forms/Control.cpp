@@ -37,6 +37,13 @@ UnoControlPeer::~UnoControlPeer() {
   m_form.Forget(*this);
 }
 
+bool UnoControlPeer::HasKeyboard() const {
+  // The window of a combo does not have it, the field inside does; then only the reports tell.
+  auto has = m_keyboard;
+  if (m_window && !has) WhileThere([&] { has = m_window.get()->hasFocus(); });
+  return has;
+}
+
 void UnoControlPeer::Lost() {
   m_ear->Detach();
   m_window.detach();

@@ -31,7 +31,7 @@ class UnoControlPeer : public ControlPeer {
   pellora::Control& GetControl() const { return m_control; }
   const Window& GetWindow() const { return m_window; }
   /// The child has the keyboard.
-  bool HasKeyboard() const { return m_keyboard; }
+  bool HasKeyboard() const;
   /// The form's window is gone, and the child with it.
   void Lost();
 

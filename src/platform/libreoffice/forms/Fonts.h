@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <com/sun/star/awt/FontDescriptor.hpp>
 #include <com/sun/star/awt/XFont.hpp>
 
@@ -19,6 +20,9 @@ class Fonts : public TextMeasurer {
   const awt::FontDescriptor& Get(TextStyle style) const { return Chosen(style).described; }
   Size Measure(std::string_view text, TextStyle style) const override;
   int Dpi() const override { return m_dpi; }
+  int CheckGlyph() const override { return m_checkGlyph; }
+  /// Desktops draw them in different sizes; never less than usual.
+  void CheckGlyph(int pixels) { m_checkGlyph = std::max(pixels, Scale(20)); }
 
  private:
   struct Font {
@@ -29,6 +33,7 @@ class Fonts : public TextMeasurer {
   const Font& Chosen(TextStyle style) const { return style == TextStyle::Heading ? m_heading : m_normal; }
 
   int m_dpi = 96;
+  int m_checkGlyph = 20;
   Font m_normal;
   Font m_heading;
 };

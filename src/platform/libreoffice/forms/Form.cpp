@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <com/sun/star/awt/WindowAttribute.hpp>
+#include <com/sun/star/awt/XLayoutConstrains.hpp>
 #include <com/sun/star/awt/XTopWindow.hpp>
 
 #include "core/Error.h"
@@ -29,6 +30,7 @@ UnoFormPeer::UnoFormPeer(pellora::Form& form, const uno::Reference<uno::XCompone
       m_keyboard(toolkit, uno::UNO_QUERY) {
   MakeWindow();
   m_fonts.emplace(m_window.Peer());
+  m_fonts->CheckGlyph(MeasuredCheckGlyph());
   try {
     MakePeers();
   } catch (...) {
@@ -51,6 +53,20 @@ void UnoFormPeer::MakeWindow() {
   m_dialog = m_window.As<awt::XDialog2>();
   if (!m_dialog.is()) throw Error(errors::OutOfMemory);
   CaptionChanged();
+}
+
+int UnoFormPeer::MeasuredCheckGlyph() const {
+  constexpr auto kText = "Text";
+  int glyph = 0;
+  WhileThere([&] {
+    Window sample;
+    sample.Make(m_toolkit, m_window.Peer(), "radiobutton", 0, awt::WindowClass_SIMPLE);
+    sample.Set("FontDescriptor", uno::Any(m_fonts->Get(TextStyle::Normal)));
+    sample.Set("Label", uno::Any(Wide(kText)));
+    const auto least = sample.As<awt::XLayoutConstrains>()->getMinimumSize();
+    glyph = static_cast<int>(least.Width) - m_fonts->Measure(kText, TextStyle::Normal).width;
+  });
+  return glyph;
 }
 
 void UnoFormPeer::MakePeers() {

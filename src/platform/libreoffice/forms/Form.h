@@ -77,6 +77,7 @@ class UnoFormPeer : public FormPeer {
  private:
   // Life
   void MakeWindow();
+  int MeasuredCheckGlyph() const;
   void MakePeers();
   void Listen();
   void StopListening();
@@ -131,6 +132,7 @@ class UnoFormPeer : public FormPeer {
   CommandButtonPeer* m_shownDefault = nullptr;
   Placement m_placement;
   Size m_laidOut;
+  Point m_asked;
   bool m_placed = false;
   bool m_ended = false;
   bool m_running = false;

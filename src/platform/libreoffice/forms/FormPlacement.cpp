@@ -82,7 +82,9 @@ Point UnoFormPeer::Corner() const {
   auto corner = CornerOf(m_over);
   if (m_window)
     WhileThere([&] {
-      const auto place = m_window.get()->getPosSize();
+      auto place = m_window.get()->getPosSize();
+      // Until the window manager has placed the window, the toolkit knows nothing but the corner.
+      if (place.X == 0 && place.Y == 0) place = awt::Rectangle(m_asked.x, m_asked.y, place.Width, place.Height);
       corner = {static_cast<int>(corner.x + place.X), static_cast<int>(corner.y + place.Y)};
     });
   return corner;
@@ -100,6 +102,8 @@ Rect UnoFormPeer::OuterPlace() const {
 void UnoFormPeer::MoveTo(Point outer) {
   const auto around = Around(m_window);
   const auto origin = CornerOf(m_over);
+  m_asked = {static_cast<int>(outer.x + around.LeftInset - origin.x),
+             static_cast<int>(outer.y + around.TopInset - origin.y)};
   WhileThere([&] {
     m_window.get()->setPosSize(outer.x + around.LeftInset - origin.x, outer.y + around.TopInset - origin.y, 0, 0,
                                awt::PosSize::POS);
@@ -120,7 +124,11 @@ void UnoFormPeer::LayOut() {
 
 void UnoFormPeer::OnMoved() {
   if (!m_running || !m_window) return;
-  if (Client() != m_laidOut) LayOut();
+  const auto client = Client();
+  if (client != m_laidOut) LayOut();
+  // The toolkit knows no least size; what the user makes too small grows back.
+  const auto least = LeastClient();
+  if (client.width < least.width || client.height < least.height) RequestLayout();
   const auto outer = OuterPlace();
   if (!FillsDesktop(outer)) m_placement.normal = outer;
 }
@@ -204,8 +212,10 @@ bool UnoFormPeer::WantsMaximised() const {
 
 bool UnoFormPeer::FillsDesktop(const Rect& outer) const {
   const auto work = WorkArea();
-  return m_form.BorderStyle() == BorderStyle::Sizable && outer.Width() >= work.Width() &&
-         outer.Height() >= work.Height();
+  // What the window manager draws around a window is known only roughly before it is shown.
+  const auto roughly = m_fonts->Scale(kGripDip);
+  return m_form.BorderStyle() == BorderStyle::Sizable && outer.Width() + roughly >= work.Width() &&
+         outer.Height() + roughly >= work.Height();
 }
 
 void UnoFormPeer::RememberState() {

@@ -23,6 +23,9 @@ namespace {
 /// Room above and below a text together, as the layout counts it.
 constexpr int kRowPaddingDip = 6;
 constexpr int kHeaderPaddingDip = 10;
+constexpr int kScrollBarDip = 17;
+/// Pixels, both sides together.
+constexpr int kBorder = 4;
 
 /// Three parts of one colour and one of another.
 sal_Int32 Mixed(sal_Int32 most, sal_Int32 some) {
@@ -95,22 +98,32 @@ void GridPeer::MakeColumns() {
 }
 
 void GridPeer::FollowColumns() {
+  const auto& fonts = m_form.GetFonts();
   int total = 0;
-  for (int i = 0; i < Self().Cols(); ++i) total += NaturalColumnWidth(Self(), i, m_form.GetFonts());
-  const auto room = std::max(total, m_width);
+  for (int i = 0; i < Self().Cols(); ++i) total += NaturalColumnWidth(Self(), i, fonts);
+  // Counted from the left in the toolkit's own coarse unit, so that the columns end where the room does.
+  const auto room = InLogicalWidth(std::max(total, RoomForColumns()));
+  int before = 0;
+  sal_Int32 placed = 0;
   for (int i = 0; i < Self().Cols(); ++i) {
+    before += NaturalColumnWidth(Self(), i, fonts);
+    const auto edge = total > 0 ? static_cast<sal_Int32>(sal_Int64{before} * room / total) : 0;
     const auto column = m_columns->getColumn(i);
-    const auto width = NaturalColumnWidth(Self(), i, m_form.GetFonts());
     column->setTitle(Wide(Self().ColumnAt(i).header));
-    column->setColumnWidth(InLogicalWidth(total > 0 ? width * room / total : width));
+    column->setColumnWidth(edge - placed);
+    placed = edge;
   }
+}
+
+int GridPeer::RoomForColumns() const {
+  const auto& fonts = m_form.GetFonts();
+  const auto scrolls = Self().Rows() - 1 > RowsOnView();
+  return Self().Bounds().Width() - kBorder - (scrolls ? fonts.Scale(kScrollBarDip) : 0);
 }
 
 void GridPeer::Placed() {
   const Silence silence(*this);
-  const auto& fonts = m_form.GetFonts();
-  const auto width = Self().Bounds().Width() - fonts.Scale(17) - 4;
-  if (!m_window || std::exchange(m_width, width) == width) return;
+  if (!m_window || std::exchange(m_room, RoomForColumns()) == RoomForColumns()) return;
   WhileThere([&] { FollowColumns(); });
 }
 
@@ -147,9 +160,14 @@ void GridPeer::FollowCurrentRow() {
   const auto selected = m_selection->getSelectedRows();
   if (selected.getLength() == 1 && selected[0] == row) return;
   m_selection->deselectAllRows();
-  if (row < 0 || row >= m_data->Rows()) return;
-  m_table->goToCell(Self().Col(), row);
-  m_selection->selectRow(row);
+  if (m_data->Rows() == 0 || row >= m_data->Rows()) return;
+  // A table with rows needs a cell to be at: taking the keyboard without one, it crashes the program where assistive
+  // programs are served.
+  m_table->goToCell(Self().Col(), std::max<sal_Int32>(row, 0));
+  if (row >= 0)
+    m_selection->selectRow(row);
+  else
+    m_selection->deselectAllRows();
 }
 
 void GridPeer::Update(Aspect aspect) {
@@ -157,6 +175,7 @@ void GridPeer::Update(Aspect aspect) {
     case Aspect::Columns: return FollowColumns();
     case Aspect::Rows:
       FollowRows();
+      Placed();
       FollowCells();
       return FollowCurrentRow();
     case Aspect::Cells: return FollowCells();
@@ -177,8 +196,9 @@ void GridPeer::OnReport(Happening happening) {
 
 int GridPeer::RowsOnView() const {
   const auto& fonts = m_form.GetFonts();
-  const auto line = fonts.Measure("X", TextStyle::Normal).height + fonts.Scale(kRowPaddingDip);
-  return std::max(1, Self().Bounds().Height() / std::max(1, line) - 2);
+  const auto line = fonts.Measure("X", TextStyle::Normal).height;
+  const auto rows = Self().Bounds().Height() - kBorder - line - fonts.Scale(kHeaderPaddingDip);
+  return std::max(1, rows / std::max(1, line + fonts.Scale(kRowPaddingDip)));
 }
 
 int GridPeer::NextRowBeginningWith(sal_Unicode letter) const {

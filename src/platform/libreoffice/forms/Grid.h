@@ -35,6 +35,7 @@ class GridPeer : public PeerOf<pellora::Grid> {
   void FollowCells();
   void FollowCurrentRow();
   int RowsOnView() const;
+  int RoomForColumns() const;
   int RowFor(const awt::KeyEvent& key) const;
   int NextRowBeginningWith(sal_Unicode letter) const;
   sal_Int32 InLogicalWidth(int pixels) const;
@@ -45,7 +46,7 @@ class GridPeer : public PeerOf<pellora::Grid> {
   uno::Reference<awt::grid::XGridDataListener> m_told;
   uno::Reference<awt::grid::XGridColumnModel> m_columns;
   rtl::Reference<GridData> m_data;
-  int m_width = 0;
+  int m_room = 0;
 };
 
 }  // namespace pellora::libreoffice

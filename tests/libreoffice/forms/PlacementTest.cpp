@@ -1,0 +1,106 @@
+#include <gtest/gtest.h>
+
+#include <com/sun/star/awt/XLayoutConstrains.hpp>
+
+#include "platform/libreoffice/forms/Form.h"
+#include "project/frmNewProject.h"
+#include "support/frmErrorMessage.h"
+#include "tests/libreoffice/forms/Hands.h"
+#include "tests/libreoffice/forms/SampleForm.h"
+
+namespace pellora::libreoffice {
+namespace {
+
+class Placing : public OfficeFormTest {
+ protected:
+  UnoFormPeer& Peer() { return static_cast<UnoFormPeer&>(*form.WindowPeer()); }
+  void Resize(Size client) { Peer().GetWindow().get()->setOutputSize({client.width, client.height}); }
+  Size Client() {
+    const auto size = Peer().GetWindow().get()->getOutputSize();
+    return {static_cast<int>(size.Width), static_cast<int>(size.Height)};
+  }
+  SampleForm form{toolkit};
+};
+
+TEST_F(Placing, AFormComesUpWhereItWas) {
+  Placement wanted;
+  wanted.normal = {200, 50, 900, 1000};
+  form.SetPlacement(wanted);
+  for (int i = 0; i < 3; ++i)
+    Show(form, [&](Hands& hands) {
+      EXPECT_TRUE(hands.FormIsUp());
+      std::this_thread::sleep_for(std::chrono::milliseconds(200));
+      hands.Press("Escape");
+    });
+  const auto place = form.GetPlacement().value_or(Placement{}).normal;
+  EXPECT_NEAR(place.left, 200, 4);
+  EXPECT_NEAR(place.top, 50, 4);
+  EXPECT_NEAR(place.Width(), 700, 8);
+  EXPECT_NEAR(place.Height(), 950, 30);
+}
+
+TEST_F(Placing, AnEnlargedFormIsLaidOutAgain) {
+  Show(form, [&](Hands& hands) {
+    EXPECT_TRUE(hands.FormIsUp());
+    Size before;
+    OnMainThread([&] {
+      before = Client();
+      Resize({before.width + 200, before.height + 100});
+    });
+    EXPECT_TRUE(hands.Until([&] { return form.butCancel.Bounds().bottom > before.height; }));
+    EXPECT_TRUE(hands.Until([&] { return form.txt.Bounds().right > before.width; }));
+    hands.Press("Escape");
+  });
+}
+
+TEST_F(Placing, AFormIsNeverLeftSmallerThanItsContent) {
+  Show(form, [&](Hands& hands) {
+    EXPECT_TRUE(hands.FormIsUp());
+    OnMainThread([&] { Resize({60, 60}); });
+    EXPECT_TRUE(hands.Until([&] { return Client().height >= form.butCancel.Bounds().bottom; }));
+    EXPECT_TRUE(hands.Until([&] { return Client().width >= form.grd.Bounds().right; }));
+    hands.Press("Escape");
+  });
+}
+
+TEST_F(Placing, AMaximisedFormGetsTheWholeDesktop) {
+  Placement wanted;
+  wanted.showCommand = 3;
+  wanted.normal = {200, 150, 900, 900};
+  form.SetPlacement(wanted);
+  Show(form, [&](Hands& hands) {
+    EXPECT_TRUE(hands.FormIsUp());
+    OnMainThread([&] { EXPECT_GE(form.WindowPeer()->OuterSize().width, form.WindowPeer()->Desktop().Width()); });
+    hands.Press("Escape");
+  });
+  EXPECT_EQ(form.WindowState(), WindowState::Maximized);
+}
+
+/// The captions that their controls, by the toolkit's own account, have no room for.
+std::string ClippedCaptions(Form& form) {
+  std::string clipped;
+  form.Load();
+  for (auto* control : form.Descendants()) {
+    const auto* peer = static_cast<UnoControlPeer*>(control->Peer());
+    if (control->Caption().empty() || !peer->GetWindow() || !control->Usable()) continue;
+    const auto least = peer->GetWindow().As<awt::XLayoutConstrains>()->getMinimumSize();
+    // A button's least size has much room around the text, which may well be smaller.
+    const auto spare = control->Kind() == ControlKind::CommandButton ? 16 : 2;
+    const auto& has = control->Bounds();
+    if (control->Kind() != ControlKind::Frame && least.Width > has.Width() + spare)
+      clipped +=
+          control->Name() + " needs " + std::to_string(least.Width) + " has " + std::to_string(has.Width()) + "\n";
+  }
+  return clipped;
+}
+
+TEST_F(Placing, CaptionsFitTheirControls) {
+  EXPECT_EQ(ClippedCaptions(form), "");
+  frmNewProject project(toolkit);
+  EXPECT_EQ(ClippedCaptions(project), "");
+  frmErrorMessage error(toolkit);
+  EXPECT_EQ(ClippedCaptions(error), "");
+}
+
+}  // namespace
+}  // namespace pellora::libreoffice
