@@ -105,18 +105,23 @@ class BlockWriter {
   }
 
  private:
+  // Whatever is refused is refused here, before anything is written.
   void WritePlain() {
     auto taken = std::make_shared<VariantArray>(m_values.Rows(), m_values.Columns(), m_values.RowBase(),
                                                 m_values.ColumnBase(), m_values.Dimensions());
     for (std::size_t row = 0; row < m_values.Rows(); ++row)
-      for (std::size_t column = 0; column < m_values.Columns(); ++column) {
-        const Variant& value = m_values.At(row, column);
-        const Way way = WayOf(value);
-        const bool later = way == Way::Text || way == Way::Formula;
-        taken->At(row, column) = later ? Variant("") : value.IsEmpty() ? value : Taken(value);
-      }
+      for (std::size_t column = 0; column < m_values.Columns(); ++column)
+        taken->At(row, column) = TakenAtOnce(m_values.At(row, column));
     const Variant block(taken);
     m_call.object.Plain("value", CallKind::Put, {&block, 1});
+  }
+
+  Variant TakenAtOnce(const Variant& value) const {
+    const Way way = WayOf(value);
+    if (way != Way::Plain && !m_cells.is()) Refuse("Several areas take plain values only");
+    if (way == Way::Formula) FormulaIn(value);
+    if (way == Way::Text || way == Way::Formula) return "";
+    return value.IsEmpty() ? value : Taken(value);
   }
 
   Run RunAt(std::size_t row, std::size_t column) const {
