@@ -49,7 +49,11 @@ GridPeer::GridPeer(UnoFormPeer& form, pellora::Grid& grid) : PeerOf(form, grid),
   for (const auto aspect : {Aspect::Rows, Aspect::CurrentRow}) Changed(aspect);
 }
 
-GridPeer::~GridPeer() { m_data->Detach(); }
+GridPeer::~GridPeer() {
+  m_data->Detach();
+  // The window goes with that of the form.
+  m_window.detach();
+}
 
 sal_Int32 GridPeer::InLogicalWidth(int pixels) const {
   const auto units = m_window.As<awt::XUnitConversion>();

@@ -2,14 +2,34 @@
 
 #include <com/sun/star/accessibility/XAccessible.hpp>
 #include <com/sun/star/accessibility/XAccessibleComponent.hpp>
+#include <com/sun/star/awt/AsyncCallback.hpp>
 #include <com/sun/star/awt/PosSize.hpp>
 #include <com/sun/star/awt/WindowDescriptor.hpp>
+#include <com/sun/star/awt/XCallback.hpp>
+#include <cppuhelper/implbase1.hxx>
+#include <rtl/ref.hxx>
 
 #include "core/Error.h"
 
 namespace pellora::libreoffice {
 
 namespace accessibility = com::sun::star::accessibility;
+
+namespace {
+
+/// Takes a window away when the toolkit's events have come to it; they come in the order in which they were put off.
+class Farewell : public cppu::WeakImplHelper1<awt::XCallback> {
+ public:
+  explicit Farewell(const uno::Reference<awt::XWindowPeer>& window) : m_window(window) {}
+  void SAL_CALL notify(const uno::Any&) override {
+    WhileThere([&] { m_window->dispose(); });
+  }
+
+ private:
+  uno::Reference<awt::XWindowPeer> m_window;
+};
+
+}  // namespace
 
 void Window::Make(const uno::Reference<awt::XToolkit>& toolkit, const uno::Reference<awt::XWindowPeer>& parent,
                   const char* kind, sal_Int32 attributes, awt::WindowClass windowClass) {
@@ -36,6 +56,17 @@ void Window::reset() {
   const auto peer = m_peer;
   detach();
   if (peer.is()) WhileThere([&] { peer->dispose(); });
+}
+
+void Window::Retire(const uno::Reference<uno::XComponentContext>& context) {
+  if (!m_peer.is()) return;
+  Show(false);
+  WhileThere([&] {
+    const rtl::Reference<Farewell> farewell(new Farewell(m_peer));
+    awt::AsyncCallback::create(context)->addCallback(farewell.get(), uno::Any());
+    detach();
+  });
+  reset();
 }
 
 void Window::detach() {
