@@ -57,6 +57,30 @@ Function Unload()
   Unload = "unloaded"
 End Function
 
+Function Wrong()
+  Dim things(12), i, text As String
+  things(0) = Empty : things(1) = Null : Set things(2) = Nothing : things(3) = "text" : things(4) = 1E+300
+  things(5) = -1 : things(6) = Array(1, 2) : Set things(7) = made : things(8) = True : things(9) = #1/1/2020#
+  Set things(10) = CreateUnoService("com.sun.star.util.PathSettings") : things(11) = String(70000, "x") : things(12) = 99999
+  For i = 0 To 12
+    Wrong = Wrong & Try(0, things(i)) & Try(1, things(i)) & Try(2, things(i)) & Try(3, things(i)) & Try(4, things(i)) & Try(5, things(i)) & " "
+  Next
+End Function
+
+Function Try(way, thing)
+  Dim x As Object
+  Try = "-"
+  Select Case way
+  Case 0: Set made.ExcelApplication = thing
+  Case 1: made.m_ObjExcelApplication = thing
+  Case 2: made.CreateNewProject thing
+  Case 3: made.AddNewSymbol thing, thing, thing, thing, thing, thing, thing, thing, thing, thing, thing
+  Case 4: made.AddNewSymbol "", "", "", 0, "", 0, "", "", "", thing, thing
+  Case 5: made.UnloadfrmMaster thing
+  End Select
+  Try = "+"
+End Function
+
 Function Drop()
   Set made = Nothing
   Drop = "dropped"
@@ -131,8 +155,23 @@ class Desk:
         self.wait(title)
         self.hand("press", title, caption)
 
+    def answer(self, macro, *steps):
+        """Runs a macro whose dialogs are answered by pairs of title and button; answers what it ends with and what the
+        dialogs said."""
+        number, said = self.start(macro), []
+        for title, button in steps:
+            said.append(" ".join(self.wait(title)[1]))
+            self.hand("press", title, button)
+            if title in ("Error", "Vantix"):
+                self.gone(title)
+        return self.end(number, macro), said
+
     def gone(self, title):
         self.until(f"the end of {title}", lambda: all(one[0] != title for one in self.windows()))
+
+    def places(self, texts):
+        """What the tape dialog says to each text as a place; "" where it made a tape."""
+        return json.loads(self.hand("insert", tuple(texts)))
 
     def until(self, what, condition, seconds=10):
         end = time.monotonic() + seconds

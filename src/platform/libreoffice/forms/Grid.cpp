@@ -1,6 +1,7 @@
 #include "platform/libreoffice/forms/Grid.h"
 
 #include <algorithm>
+#include <com/sun/star/accessibility/XAccessible.hpp>
 #include <com/sun/star/awt/Key.hpp>
 #include <com/sun/star/awt/KeyModifier.hpp>
 #include <com/sun/star/awt/WindowAttribute.hpp>
@@ -11,6 +12,7 @@
 #include <com/sun/star/style/VerticalAlignment.hpp>
 #include <com/sun/star/util/MeasureUnit.hpp>
 #include <com/sun/star/view/SelectionType.hpp>
+#include <vector>
 
 #include "core/Text.h"
 #include "forms/NaturalSize.h"
@@ -34,6 +36,18 @@ sal_Int32 Mixed(sal_Int32 most, sal_Int32 some) {
   return mixed;
 }
 
+/// What assistive programs are shown of the windows in a dialog, held for as long as this lives.
+std::vector<uno::Reference<com::sun::star::accessibility::XAccessible>> ShownOf(const Window& dialog) {
+  std::vector<uno::Reference<com::sun::star::accessibility::XAccessible>> shown;
+  WhileThere([&] {
+    const auto whole = dialog.As<com::sun::star::accessibility::XAccessible>();
+    const auto inside = whole.is() ? whole->getAccessibleContext() : nullptr;
+    for (sal_Int32 i = 0; inside.is() && i < inside->getAccessibleChildCount(); ++i)
+      shown.push_back(inside->getAccessibleChild(i));
+  });
+  return shown;
+}
+
 }  // namespace
 
 GridPeer::GridPeer(UnoFormPeer& form, pellora::Grid& grid) : PeerOf(form, grid), m_data(new GridData(grid)) {
@@ -49,7 +63,14 @@ GridPeer::GridPeer(UnoFormPeer& form, pellora::Grid& grid) : PeerOf(form, grid),
   for (const auto aspect : {Aspect::Rows, Aspect::CurrentRow}) Changed(aspect);
 }
 
-GridPeer::~GridPeer() { m_data->Detach(); }
+GridPeer::~GridPeer() {
+  m_data->Detach();
+  Listener()->Detach();
+  // Once an assistive program has looked at a table, its window frees what that saw and goes on to use it: the
+  // program's memory is damaged, and it crashes soon after.
+  const auto shown = ShownOf(m_form.GetWindow());
+  m_window.reset();
+}
 
 sal_Int32 GridPeer::InLogicalWidth(int pixels) const {
   const auto units = m_window.As<awt::XUnitConversion>();

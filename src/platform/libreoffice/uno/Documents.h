@@ -4,6 +4,7 @@
 #include <com/sun/star/table/CellRangeAddress.hpp>
 #include <com/sun/star/uno/XComponentContext.hpp>
 #include <cstdint>
+#include <string_view>
 
 #include "platform/libreoffice/uno/UnoDispatch.h"
 
@@ -30,6 +31,10 @@ com::sun::star::uno::Reference<com::sun::star::frame::XModel> DocumentOf(UnoDisp
 
 /// The active sheet of the active document, as the object model has it.
 std::shared_ptr<UnoDispatch> ActiveSheetOf(UnoDispatch& application);
+
+/// True for a name of the active document whose cells were deleted: the program answers what stands in their place, or
+/// cells of a sheet that is not there.
+bool NamesDeletedCells(UnoDispatch& application, std::string_view name);
 
 /// Raises 1004 when cells of the range cannot be written: the program drops such a write without a word, or worse,
 /// makes it. `contents` for values and formulas, which an unlocked cell of a protected sheet takes.
