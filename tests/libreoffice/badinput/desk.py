@@ -183,5 +183,13 @@ class Desk:
                 raise TimeoutError(f"waited for {what}; there is {self.windows()}")
             time.sleep(0.02)
 
+    def clear(self):
+        """Ends what a part that broke off left open."""
+        end = time.monotonic() + 5
+        while self.windows() and time.monotonic() < end:
+            title, _, buttons = self.windows()[-1]
+            self.hand("press", title, next(one for one in ("Abort", "Cancel", "OK") if one in buttons))
+            time.sleep(0.1)
+
     def alive(self):
         return self.desktop.getComponents() is not None

@@ -26,6 +26,7 @@ from com.sun.star.uno import Exception as UnoException
 from com.sun.star.uno import RuntimeException
 
 DIALOGS = (Role.DIALOG, Role.ALERT, Role.OPTION_PANE)
+BOXES = (Role.TEXT, Role.TEXT_FRAME, Role.SCROLL_PANE, Role.PARAGRAPH)
 BUTTONS = (Role.PUSH_BUTTON, Role.CHECK_BOX, Role.RADIO_BUTTON)
 # How long, in seconds, the main thread may be busy.
 PATIENCE = 3
@@ -95,6 +96,7 @@ class Hands(unohelper.Base, XJob):
 
     def press(self, title, caption):
         button = self._control(title, lambda one: one.getAccessibleRole() == Role.PUSH_BUTTON and _plain(one) == caption)
+        # One that has gone meanwhile does nothing any more.
         self.main_thread.addCallback(Later(lambda: button.doAccessibleAction(0)), None)
 
     def check(self, title, caption):
@@ -107,30 +109,31 @@ class Hands(unohelper.Base, XJob):
         return json.dumps([self._insert_one(text) for text in texts])
 
     def _insert_one(self, text):
-        self.on_main(lambda: self.put("Ticker tape", 2, text))
-        self.on_main(lambda: self.press("Ticker tape", "Insert & new"))
-        said, shown = "", 0
+        self.on_main(lambda: (self.put("Ticker tape", 2, text), self.press("Ticker tape", "Insert & new")))
+        said = []
         end = time.monotonic() + 10
         while time.monotonic() < end:
-            front = self.on_main(lambda: self._described(self._dialogs()[-1]))
-            if front[0] == "Vantix":
-                self.on_main(lambda: self.press("Vantix", "OK"))
-                said = front[1][-1]
-                shown += 1
-            elif front[0] == "Error":
-                self.on_main(lambda: self.press("Error", "Abort"))
-                said = "Error: " + " ".join(front[1])
-                shown += 1
-            elif said or self.on_main(lambda: self._texts("Ticker tape")[2]) != text:
-                return said
+            if self.on_main(lambda: self._answered(text, said)):
+                return said[0] if said else ""
             time.sleep(0.004)
         return "nothing came"
+
+    def _answered(self, text, said):
+        """Answers what is shown, once each; true when the dialog waits for its user again."""
+        front = self._dialogs()[-1]
+        title = front.getAccessibleName()
+        if title != "Ticker tape":
+            told = ("Error: " if title == "Error" else "") + self._described(front)[1][-1 if title == "Vantix" else 0]
+            said.append(told)
+            self.press(title, "OK" if title == "Vantix" else "Abort")
+            return False
+        return bool(said) or self._texts("Ticker tape")[2] != text
 
     def _texts(self, title):
         return [box.getText() for box in self._boxes(self._dialog(title))]
 
     def _described(self, dialog):
-        texts = [one.getText() for one in self._boxes(dialog)]
+        texts = [one.getText() for one in self._all(dialog) if one.getAccessibleRole() in BOXES]
         labels = [one.getAccessibleName() for one in self._all(dialog) if one.getAccessibleRole() in (Role.LABEL, Role.STATIC)]
         buttons = [_plain(one) for one in self._all(dialog) if one.getAccessibleRole() == Role.PUSH_BUTTON]
         return [dialog.getAccessibleName(), texts + labels, buttons]

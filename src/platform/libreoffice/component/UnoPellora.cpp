@@ -104,6 +104,10 @@ script::InvocationInfo InfoOf(const ClassMember& member) {
   return info;
 }
 
+Error Interrupted(const ClassMember& member) {
+  return Error(errors::Component(100), "Pellora.cPellora." + std::string(member.name), "cPellora component failure");
+}
+
 }  // namespace
 
 rtl::Reference<UnoPellora> UnoPellora::Create(const Context& context) {
@@ -217,12 +221,17 @@ uno::Reference<beans::XIntrospectionAccess> UnoPellora::getIntrospection() {
 
 uno::Any UnoPellora::invoke(const rtl::OUString& name, const uno::Sequence<uno::Any>& given,
                             uno::Sequence<sal_Int16>& positions, uno::Sequence<uno::Any>& written) {
+  const std::uint32_t turn = ++m_invocations;
   return RunForBasic([&] {
     const ClassMember& member = KnownMember(name, true);
     CallArguments arguments(member, given, m_context);
     bool writesBack = false;
     const uno::Any result = Call(member, arguments, writesBack);
-    if (writesBack) arguments.WriteBack(positions, written);
+    if (!writesBack) return result;
+    // Basic keeps the variables of one call an object's method: those of this call went when another began, and writing
+    // into them crashes the program.
+    if (m_invocations != turn) throw Interrupted(member);
+    arguments.WriteBack(positions, written);
     return result;
   });
 }
