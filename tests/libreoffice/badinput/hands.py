@@ -26,7 +26,6 @@ from com.sun.star.uno import Exception as UnoException
 from com.sun.star.uno import RuntimeException
 
 DIALOGS = (Role.DIALOG, Role.ALERT, Role.OPTION_PANE)
-BOXES = (Role.TEXT, Role.TEXT_FRAME, Role.SCROLL_PANE, Role.PARAGRAPH)
 BUTTONS = (Role.PUSH_BUTTON, Role.CHECK_BOX, Role.RADIO_BUTTON)
 # How long, in seconds, the main thread may be busy.
 PATIENCE = 3
@@ -133,7 +132,7 @@ class Hands(unohelper.Base, XJob):
         return [box.getText() for box in self._boxes(self._dialog(title))]
 
     def _described(self, dialog):
-        texts = [one.getText() for one in self._all(dialog) if one.getAccessibleRole() in BOXES]
+        texts = [one.getText() for one in self._all(dialog) if hasattr(one, "getText") and one.getAccessibleRole() not in (*BUTTONS, Role.LABEL, Role.STATIC)]
         labels = [one.getAccessibleName() for one in self._all(dialog) if one.getAccessibleRole() in (Role.LABEL, Role.STATIC)]
         buttons = [_plain(one) for one in self._all(dialog) if one.getAccessibleRole() == Role.PUSH_BUTTON]
         return [dialog.getAccessibleName(), texts + labels, buttons]

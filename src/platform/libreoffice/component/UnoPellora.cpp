@@ -11,6 +11,7 @@
 #include "core/Convert.h"
 #include "platform/libreoffice/component/BasicErrors.h"
 #include "platform/libreoffice/component/CallArguments.h"
+#include "platform/libreoffice/uno/Documents.h"
 #include "platform/libreoffice/uno/Text.h"
 #include "platform/libreoffice/uno/UnoObject.h"
 
@@ -165,6 +166,7 @@ auto UnoPellora::Run(Body&& body) {
     const mGlobal::ThreadClaim thisThread;
     if (m_state) m_state->LetBuriedGo();
     const Succeeding succeeding(*this);
+    const ScreensKept screens(m_context);
     return body();
   } catch (...) {
     const Error error = Caught();

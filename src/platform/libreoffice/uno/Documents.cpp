@@ -37,6 +37,8 @@ using css::uno::XInterface;
 using Model = Reference<css::frame::XModel>;
 using Sheet = Reference<css::sheet::XSpreadsheet>;
 
+constexpr int kMostLocks = 100;
+
 std::atomic<std::uint32_t> g_closed{0};
 
 /// Counts documents as they close. The program holds it to its end, so it outlives every object.
@@ -227,6 +229,24 @@ bool NamesDeletedCells(UnoDispatch& application, std::string_view name) {
   if (!names->hasByName(wanted)) return false;
   const Reference<css::sheet::XNamedRange> found(names->getByName(wanted), UNO_QUERY);
   return found.is() && found->getContent().indexOf("#REF!") >= 0;
+}
+
+ScreensKept::ScreensKept(const UnoDispatch::Context& context) {
+  try {
+    for (const Model& document : OpenDocuments(context))
+      if (!document->hasControllersLocked()) m_shown.push_back(document);
+  } catch (const css::uno::Exception&) {
+    // The program ends: it has no screen to keep.
+  }
+}
+
+ScreensKept::~ScreensKept() {
+  for (const Model& document : m_shown) try {
+      // Each switching off counts.
+      for (int i = 0; i < kMostLocks && document->hasControllersLocked(); ++i) document->unlockControllers();
+    } catch (const css::uno::Exception&) {
+      // Closed meanwhile.
+    }
 }
 
 void CheckWritable(UnoDispatch& range, bool contents) {
