@@ -18,3 +18,11 @@ start_display
 start_window_manager
 launch_office
 timeout -k 5 150 "$office_python" "$folder/badinput.py" "$office_pipe" "$office_pid" "$desk" || echo "not ok ran to its end"
+# The last test left a dialog open: what the session's end does to a program.
+kill -TERM -- "-$office_pid" 2>/dev/null || true
+if until_true 15 _office_ended; then
+  office_pid=
+  echo "ok the program ends when it is told to while a dialog is open"
+else
+  echo "not ok the program ends when it is told to while a dialog is open"
+fi
