@@ -2,8 +2,8 @@ Attribute VB_Name = "PelloraDialogs"
 Option Explicit
 
 ' The dialogs of a quote workbook, for its macros. The same module serves in Excel (File, Import File...) and in
-' LibreOffice (below a line "Option VBASupport 1", in the workbook or in a library of "My Macros"). Call, from buttons or
-' from macros of your own:
+' LibreOffice (below a line "Option VBASupport 1", in the workbook or in a library of "My Macros"). Call, from buttons
+' or from macros of your own:
 '
 '   ChooseQuoteFields    the quote fields of a new project
 '   AddInstruments       instruments, each written below the last one on the quote sheet
@@ -11,9 +11,9 @@ Option Explicit
 '   ReleasePellora       lets the library go; Workbook_BeforeClose is the place to call it
 '
 ' Everything here is late-bound: the workbook opens on every machine, also where the library is not installed. Excel
-' leaves out what is between #If Not VBA6 and #End If; LibreOffice takes no notice of these two lines. In Excel, with a
-' reference to "Vantix user interface library" (Tools, References...) the same is early-bound, with completion while you
-' type:
+' knows no constant LibreOffice, so it leaves out what is between #If LibreOffice and #End If; LibreOffice takes no
+' notice of these two lines. In Excel, with a reference to "Vantix user interface library" (Tools, References...) the
+' same is early-bound, with completion while you type:
 '
 '   Private mLibrary As Pellora.cPellora
 '   Set mLibrary = New Pellora.cPellora
@@ -21,6 +21,9 @@ Option Explicit
 ' Then every by-reference argument must be a variable of exactly the type used below.
 
 Private mLibrary As Object
+
+' What gives LibreOffice's application object. That one knows its workbook only as long as this is kept.
+Private mGlobals As Object
 
 ' How far the picking of a range in LibreOffice is, and where it ended.
 Private mPicking As Boolean
@@ -40,8 +43,9 @@ Private Function Host() As Object
     On Error Resume Next
     Set Host = Application
     On Error GoTo 0
-#If Not VBA6 Then
-    Set Host = CreateUnoServiceWithArguments("ooo.vba.excel.Globals", Array(ThisComponent)).Excel
+#If LibreOffice Then
+    Set mGlobals = CreateUnoServiceWithArguments("ooo.vba.excel.Globals", Array(ThisComponent))
+    Set Host = mGlobals.Excel
 #End If
 End Function
 
@@ -97,12 +101,13 @@ Public Sub ReleasePellora()
     On Error Resume Next
     If Not mLibrary Is Nothing Then mLibrary.UnloadfrmMaster
     Set mLibrary = Nothing
+    Set mGlobals = Nothing
 End Sub
 
 ' The range that the user picks in the workbook, as the dialog wants it; nothing when the user cancels.
 Private Function PickedPlace() As String
     Dim picked As Object
-#If Not VBA6 Then
+#If LibreOffice Then
     PickedPlace = PlaceOfRange(PickedRange("Ticker tape"))
     Exit Function
 #End If
@@ -115,7 +120,7 @@ End Function
 
 ' LibreOffice's application object has no InputBox; the window of a workbook lets the user pick a range instead, and
 ' tells a listener.
-#If Not VBA6 Then
+#If LibreOffice Then
 Private Function PickedRange(title As String) As String
     Dim window As Object, listener As Object
     Set window = ThisComponent.CurrentController
@@ -214,7 +219,7 @@ Public Function FailureText(number As Long, source As String, description As Str
         Case 429
             FailureText = "The dialogs are not installed for this Excel. Run install.cmd, then check.cmd."
         Case 323
-            FailureText = "The dialogs are not installed for this LibreOffice. Add Pellora.oxt and start it again."
+            FailureText = "The dialogs are not installed for this LibreOffice. Add pellora.oxt and start it again."
         Case -2147221404
             FailureText = "The dialog could not do its work, or another one is still open. (" & source & ")"
         Case Else

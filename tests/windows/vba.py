@@ -1,8 +1,10 @@
-"""Compiles the VBA module in LibreOffice's Basic in its VBA mode, and runs what needs no spreadsheet program:
-vba.py MODULE FOLDER. Prints a line "ok ...", "not ok ..." or "skip ..." a test. FOLDER becomes a profile of its own."""
+"""Looks at the VBA module as Excel compiles it, compiles it in LibreOffice's Basic in its VBA mode, and runs what needs
+no spreadsheet program: vba.py MODULE FOLDER. Prints a line "ok ...", "not ok ..." or "skip ..." a test. FOLDER becomes
+a profile of its own."""
 
 import html
 import pathlib
+import re
 import shutil
 import subprocess
 import sys
@@ -23,7 +25,21 @@ CASES = [
     ("a contract has nine cells", 'CStr(UBound(ContractCells("A", "STK", "", 0, "", 0, "S", "N", "U")))', "8"),
     ("the fields are named in their order", "ChosenFields(Flags)", "ask price, volume"),
     ("releasing before any use does nothing", "Released()", "released"),
+    ("what is for LibreOffice alone is compiled here", "Aborted()", "aborted"),
 ]
+
+# Excel's constants of conditional compilation. One that it does not know is empty.
+EXCEL = {"vba6": 1, "vba7": 1, "win16": 0, "win32": 1, "win64": 1, "mac": 0, "true": -1, "false": 0}
+
+# What Excel does not have: it compiles the whole module before the first macro, and stops at a name it does not know.
+FOREIGN = re.compile(r"\b(\w*Uno\w*|ThisComponent|StarDesktop|GlobalScope|Wait|WaitUntil|BasicLibraries|DialogLibraries"
+                     r"|GetProcessServiceManager|ConvertToURL|ConvertFromURL)\b", re.IGNORECASE)  # fmt: skip
+
+# Conditions, and whether Excel compiles what they guard: they are integers, and Not turns every bit.
+CONDITIONS = [
+    ("VBA6", True), ("Not VBA6", True), ("VBA7 And Win64", True), ("LibreOffice", False), ("Not LibreOffice", True),
+    ("VBA6 And LibreOffice", False), ("LibreOffice Or (Win32 And VBA7)", True),
+]  # fmt: skip
 
 RUNNER = """Option VBASupport 1
 Option Explicit
@@ -36,6 +52,10 @@ End Function
 Function Released() As String
   ReleasePellora
   Released = "released"
+End Function
+Function Aborted() As String
+  RangePicking_aborted Nothing
+  Aborted = "aborted"
 End Function
 Sub Main
   Dim file As Integer
@@ -58,6 +78,48 @@ LIBRARY = """<?xml version="1.0" encoding="UTF-8"?>
 <library:library xmlns:library="http://openoffice.org/2000/library" library:name="Standard" library:readonly="false"
  library:passwordprotected="false">{elements}</library:library>
 """
+
+
+def holds(condition):
+    """Whether Excel compiles what is below #If with that condition."""
+    operators = {"not": "~", "and": "&", "or": "|", "(": "(", ")": ")"}
+    words = re.findall(r"\w+|\S", condition.lower())
+    if strange := [word for word in words if not (word in operators or re.fullmatch(r"\w+", word))]:
+        raise ValueError(f"no condition that is understood here: {condition} ({strange[0]})")
+    value = [operators.get(word) or (word if word.isdigit() else str(EXCEL.get(word, 0))) for word in words]
+    return eval(" ".join(value)) != 0
+
+
+def seen_by_excel(module):
+    """Yields (number, line) of the lines that Excel compiles, without comments and texts."""
+    levels = []  # for each open #If: whether this branch is read, and whether one of its branches was
+    for number, line in enumerate(module.splitlines(), 1):
+        directive = re.match(r"\s*#\s*(If|ElseIf|Else|End\s*If)\b\s*(.*?)(?:\s+Then)?\s*$", line, re.IGNORECASE)
+        word = directive[1].lower().replace(" ", "") if directive else ""
+        if word == "if":
+            levels.append([holds(directive[2])] * 2)
+        elif word in ("elseif", "else"):
+            read = not levels[-1][1] and (word == "else" or holds(directive[2]))
+            levels[-1] = [read, read or levels[-1][1]]
+        elif word == "endif":
+            levels.pop()
+        elif line.lstrip().startswith("#"):
+            raise ValueError(f"line {number}: {line}")
+        elif all(read for read, _ in levels):
+            yield number, re.sub(r'"[^"]*"', '""', line).split("'")[0]
+
+
+def verdict(name, faults):
+    print(f"not ok {name}: {'; '.join(faults)}" if faults else f"ok {name}")
+
+
+def look(module):
+    """The tests of what Excel reads."""
+    wrong = [condition for condition, expected in CONDITIONS if holds(condition) != expected]
+    verdict("VBA: conditions are taken as Excel takes them", wrong)
+    foreign = [f"line {number}: {name}" for number, line in seen_by_excel(module) for name in FOREIGN.findall(line)]
+    verdict("VBA: Excel finds no name of another program", foreign)
+
 
 def office(folder, *arguments):
     command = ["soffice", f"-env:UserInstallation=file://{folder}", "--headless", "--norestore", "--nologo", *arguments]
@@ -90,10 +152,11 @@ def run(module, folder, cases):
 
 
 def main():
+    module = pathlib.Path(sys.argv[1]).read_text(encoding="ascii")
+    look(module)
     if not shutil.which("soffice"):
         print("skip the VBA module compiles and runs (LibreOffice is not installed)")
         return
-    module = pathlib.Path(sys.argv[1]).read_text(encoding="ascii")
     folder = pathlib.Path(sys.argv[2]).resolve()
     answers = run(module, folder, CASES)
     print(("ok" if answers[-1:] == ["end"] else "not ok") + " the VBA module compiles and its procedures run")

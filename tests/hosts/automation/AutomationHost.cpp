@@ -7,7 +7,7 @@
 #include "platform/windows/ole/AutomationObject.h"
 #include "platform/windows/ole/Failure.h"
 #include "tests/hosts/SheetHost.h"
-#include "workbook/windows/WorkbookFactory.h"
+#include "workbook/windows/WorkbookClass.h"
 
 namespace pellora::test {
 namespace {

@@ -4,7 +4,7 @@ import pathlib
 import sys
 import tempfile
 
-_ROOT = pathlib.Path(__file__).resolve().parents[2]
+_ROOT = pathlib.Path(__file__).resolve().parents[3]
 sys.path += [str(_ROOT / "script" / "lib"), str(_ROOT / "tests" / "libreoffice")]
 import office_check  # noqa: E402
 from demo_office import OfficePlay  # noqa: E402
