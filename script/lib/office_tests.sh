@@ -20,8 +20,9 @@ _run_office_library() {
   name=$(basename "$library" .so)
   _at_exit=()
   trap _run_at_exit EXIT
-  # Windows are looked at on a display; everything else needs none.
-  if [[ $name == *_forms ]]; then start_display; else unset DISPLAY; fi
+  # Windows are looked at on a display, and only a window manager gives them the keyboard in an orderly way; everything
+  # else needs none.
+  if [[ $name == *_forms ]]; then start_display; start_window_manager; else unset DISPLAY; fi
   start_office "$name"
   timeout -k 5 200 "$office_python" script/lib/office_tests.py "$office_pipe" "$library" --gtest_brief=1 \
     "--gtest_output=xml:$results/libreoffice/$name.xml" >"$logs/$name.log" 2>&1 || status=$?
