@@ -8,9 +8,11 @@
 #include <condition_variable>
 #include <cppuhelper/implbase1.hxx>
 #include <cstdio>
+#include <cstdlib>
 #include <memory>
 #include <mutex>
 #include <rtl/ref.hxx>
+#include <utility>
 
 #include "platform/libreoffice/forms/Control.h"
 #include "platform/libreoffice/forms/Form.h"
@@ -45,6 +47,17 @@ class Errand : public cppu::WeakImplHelper1<awt::XCallback> {
   std::condition_variable m_changed;
   bool m_done = false;
 };
+
+/// The number behind a word in a text, 0 when it is not there.
+int NumberBehind(const std::string& text, const std::string& word) {
+  const auto at = text.find(word);
+  return at == std::string::npos ? 0 : std::atoi(text.c_str() + at + word.size());
+}
+
+Point CornerOnDisplay(const std::string& window) {
+  const auto known = RunProgram("xwininfo -id " + window);
+  return {NumberBehind(known, "Absolute upper-left X:"), NumberBehind(known, "Absolute upper-left Y:")};
+}
 
 UnoFormPeer* FormPeerOf(Form& form) { return static_cast<UnoFormPeer*>(form.WindowPeer()); }
 
@@ -96,10 +109,21 @@ void Hands::Press(const std::string& keys) const { RunProgram("xdotool key " + k
 
 void Hands::Type(const std::string& text) const { RunProgram("xdotool type --delay 20 '" + text + "'"); }
 
+Point Hands::SettledCorner() const {
+  const auto window = WindowTitled(m_form.Caption());
+  auto at = CornerOnDisplay(window);
+  for (int still = 0; still < 3; ++still) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    const auto before = std::exchange(at, CornerOnDisplay(window));
+    if (before.x != at.x || before.y != at.y) still = 0;
+  }
+  return at;
+}
+
 awt::Rectangle Hands::PlaceOf(const Control& control) const {
+  const auto form = SettledCorner();
   awt::Rectangle place;
   OnMainThread([&] {
-    const auto form = FormPeerOf(m_form)->Corner();
     const auto& bounds = control.Bounds();
     place = awt::Rectangle(form.x + bounds.left, form.y + bounds.top, bounds.Width(), bounds.Height());
   });
@@ -107,15 +131,10 @@ awt::Rectangle Hands::PlaceOf(const Control& control) const {
 }
 
 void Hands::MoveTo(const Control& control, Point place) const {
-  // A window manager may still be moving the window.
-  auto at = PlaceOf(control);
-  for (awt::Rectangle before; before.X != at.X || before.Y != at.Y; at = PlaceOf(control)) {
-    before = at;
-    std::this_thread::sleep_for(std::chrono::milliseconds(60));
-  }
+  const auto at = PlaceOf(control);
   const auto to = std::to_string(at.X + place.x) + " " + std::to_string(at.Y + place.y);
   // A pointer that is there already has to move for the toolkit to notice.
-  RunProgram("xdotool mousemove_relative 3 3 mousemove " + to);
+  RunProgram("xdotool mousemove " + to + " mousemove_relative 3 3 mousemove --sync " + to);
 }
 
 void Hands::Click(const Control& control, Point place) const {
@@ -166,7 +185,12 @@ void OfficeFormTest::Show(Form& form, std::function<void(Hands&)> part) {
       std::this_thread::sleep_for(std::chrono::milliseconds(20));
     }
     EXPECT_FALSE(shown) << "still shown after its part was played";
-    if (shown) OnMainThread([&] { form.Hide(); });
+    for (int i = 0; shown && i < 50; ++i) {
+      // A message box that is over the form goes by a key only.
+      OnMainThread([&] { form.Hide(); });
+      hands.Press("Escape");
+      OnMainThread([&] { shown = form.Shown(); });
+    }
   });
   form.Show();
 }

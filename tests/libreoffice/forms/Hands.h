@@ -44,7 +44,7 @@ class Hands {
   void Click(const Control& control, Point place) const;
   void MoveTo(const Control& control, Point place) const;
 
-  /// Where a control is on the screen.
+  /// Where a control is on the screen, by the display's own account of the window.
   com::sun::star::awt::Rectangle PlaceOf(const Control& control) const;
   /// Has the window manager ask the active window to close, as its close box does.
   void CloseWindow() const;
@@ -52,6 +52,9 @@ class Hands {
   std::string WindowTitled(const std::string& title) const;
 
  private:
+  /// Where the inside of the form's window is, once nothing moves it any more.
+  Point SettledCorner() const;
+
   Form& m_form;
 };
 
