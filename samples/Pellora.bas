@@ -22,6 +22,9 @@ Option Explicit
 
 Private mLibrary As Object
 
+' What gives LibreOffice's application object. That one knows its workbook only as long as this is kept.
+Private mGlobals As Object
+
 ' How far the picking of a range in LibreOffice is, and where it ended.
 Private mPicking As Boolean
 Private mPickedRange As String
@@ -41,7 +44,8 @@ Private Function Host() As Object
     Set Host = Application
     On Error GoTo 0
 #If LibreOffice Then
-    Set Host = CreateUnoServiceWithArguments("ooo.vba.excel.Globals", Array(ThisComponent)).Excel
+    Set mGlobals = CreateUnoServiceWithArguments("ooo.vba.excel.Globals", Array(ThisComponent))
+    Set Host = mGlobals.Excel
 #End If
 End Function
 
@@ -97,6 +101,7 @@ Public Sub ReleasePellora()
     On Error Resume Next
     If Not mLibrary Is Nothing Then mLibrary.UnloadfrmMaster
     Set mLibrary = Nothing
+    Set mGlobals = Nothing
 End Sub
 
 ' The range that the user picks in the workbook, as the dialog wants it; nothing when the user cancels.

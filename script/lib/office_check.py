@@ -16,14 +16,16 @@ from office_tests import office
 
 FIRST_PLACE, SECOND_PLACE = "K3:M22", "K30"
 GREY, NO_FILL = 0xC0C0C0, -1
-# What ten characters of the usual font take, in hundredths of a millimetre, with room for other fonts.
-WIDTH = range(1800, 2300)
+# How wide the columns of a tape are in characters, and how much their margins may add.
+CHARACTERS, MARGINS = 10, 1
+HUNDREDTHS_IN_A_POINT = 2540 / 72
 PROBE = 123.25
 
 
 class Result:
-    def __init__(self, document, records_before):
+    def __init__(self, document, records_before, toolkit):
         self.document = document
+        self.toolkit = toolkit
         self.sheets = document.Sheets
         self.settings = self.sheets.getByName(SETTINGS)
         self.tape_sheet = target_among(self.sheets.ElementNames)
@@ -82,9 +84,17 @@ class Result:
             self.expect(" ".join(found) == expected, f"borders '{' '.join(found)}' of {name}")
 
     def widths(self):
+        digit = self.digit()
         for name in "KLM":
-            width = self.cell(name + "1").Columns.getByIndex(0).Width
-            self.expect(width in WIDTH, f"width {width} of column {name}")
+            width = self.cell(name + "1").Columns.getByIndex(0).Width / digit
+            self.expect(CHARACTERS <= width < CHARACTERS + MARGINS, f"width {width:.2f} of column {name}")
+
+    def digit(self):
+        """How wide a digit of the workbook's usual font is on this machine, in hundredths of a millimetre."""
+        style = self.document.StyleFamilies.getByName("CellStyles").getByName("Default")
+        font = uno.createUnoStruct("com.sun.star.awt.FontDescriptor", Name=style.CharFontName, Height=1000)
+        device = self.toolkit.createScreenCompatibleDevice(1, 1)
+        return device.getFont(font).getStringWidth("0") / font.Height * style.CharHeight * HUNDREDTHS_IN_A_POINT
 
     def instruments(self):
         quotes = self.sheets.getByName(QUOTES)
@@ -114,12 +124,16 @@ def records_of(document):
     return max((number + 1 for number, (text,) in enumerate(rows) if text), default=0)
 
 
-def check(desktop, before, path, names=tuple(Result.CHECKS)):
+def check(context, before, path, names=tuple(Result.CHECKS)):
     """The result after its checks of those names."""
+    desktop, toolkit = (
+        context.ServiceManager.createInstanceWithContext(name, context)
+        for name in ("com.sun.star.frame.Desktop", "com.sun.star.awt.Toolkit")
+    )
     document = opened(desktop, before)
     records = records_of(document)
     document.close(True)
-    result = Result(opened(desktop, path), records)
+    result = Result(opened(desktop, path), records, toolkit)
     for name in names:
         Result.CHECKS[name](result)
     result.document.close(True)
@@ -128,10 +142,9 @@ def check(desktop, before, path, names=tuple(Result.CHECKS)):
 
 def main(pipe, before, *paths):
     context = office(pipe)
-    desktop = context.ServiceManager.createInstanceWithContext("com.sun.star.frame.Desktop", context)
     failed = False
     for path in paths:
-        result = check(desktop, before, path)
+        result = check(context, before, path)
         name = Path(path).name
         failed = failed or bool(result.faults)
         for fault in result.faults:

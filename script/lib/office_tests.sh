@@ -1,5 +1,8 @@
 # The tests inside the office program; to be sourced after common.sh, display.sh, office.sh and windows_tests.sh.
 
+# Where every call of a dialog fails in turn, one of so many does here: all of them take a minute.
+office_fail_every=${PELLORA_FAIL_EVERY:-10}
+
 # run_office_tests: runs the libraries of tests and the scripts of the office program, each part in a profile of its own:
 # those that only compute, and beside them, mostly waiting for windows, those with dialogs. Expects `results`, the folder
 # for what comes out.
@@ -39,7 +42,8 @@ _run_office_library() {
   start_office "$name"
   # The gallery takes pictures for people.
   timeout -k 5 200 "$office_python" script/lib/office_tests.py "$office_pipe" "$library" --gtest_brief=1 \
-    "--gtest_filter=-Gallery.*" "--gtest_output=xml:$results/libreoffice/$name.xml" >"$logs/$name.log" 2>&1 || status=$?
+    "--gtest_filter=-Gallery.*" "--gtest_output=xml:$results/libreoffice/$name.xml" \
+    "PELLORA_FAIL_EVERY=$office_fail_every" >"$logs/$name.log" 2>&1 || status=$?
   (( status == 0 )) ||
     broken "$name ran to its end without a failure ($status; see build/logs/office-$name.log)" "libreoffice/$name"
 }

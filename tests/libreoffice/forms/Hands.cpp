@@ -56,6 +56,11 @@ void OnMainThread(const std::function<void()>& action) {
   errand->Wait();
 }
 
+void WithEventsPast() {
+  const uno::Reference<awt::XToolkitExperimental> events(awt::Toolkit::create(test::Office()), uno::UNO_QUERY_THROW);
+  events->processEventsToIdle();
+}
+
 std::string RunProgram(const std::string& command) {
   const std::unique_ptr<FILE, int (*)(FILE*)> pipe(::popen((command + " 2>/dev/null").c_str(), "r"), &::pclose);
   std::string output;
@@ -142,9 +147,8 @@ Player::Player(Form& form, std::function<void(Hands&)> part)
       }) {}
 
 Player::~Player() {
-  const uno::Reference<awt::XToolkitExperimental> events(awt::Toolkit::create(test::Office()), uno::UNO_QUERY_THROW);
   while (!m_done) {
-    events->processEventsToIdle();
+    WithEventsPast();
     std::this_thread::sleep_for(std::chrono::milliseconds(1));
   }
   m_thread.join();

@@ -17,6 +17,9 @@ namespace pellora::libreoffice {
 /// Runs something on the office program's main thread, where forms live, and waits for it.
 void OnMainThread(const std::function<void()>& action);
 
+/// Has the toolkit do, on the main thread, what it has put off until now.
+void WithEventsPast();
+
 /// Runs a program of the system and waits for it; its output.
 std::string RunProgram(const std::string& command);
 

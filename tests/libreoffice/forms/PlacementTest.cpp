@@ -76,6 +76,32 @@ TEST_F(Placing, AMaximisedFormGetsTheWholeDesktop) {
   EXPECT_EQ(form.WindowState(), WindowState::Maximized);
 }
 
+/// The windows that are not where their controls are, in a form that is shown.
+std::string Misplaced(Form& form) {
+  std::string misplaced;
+  for (auto* control : form.Descendants()) {
+    const auto& window = static_cast<const UnoControlPeer*>(control->Peer())->GetWindow();
+    if (!window || !control->Usable()) continue;
+    const auto has = window.get()->getPosSize();
+    const auto& wants = control->Bounds();
+    const auto same = has.X == wants.left && has.Y == wants.top && has.Width == wants.Width() && has.Width > 0;
+    // A list with a field is as high as the toolkit wants it.
+    if (!same || (control->Kind() != ControlKind::ComboBox && has.Height != wants.Height()))
+      misplaced += control->Name() + " ";
+  }
+  return misplaced;
+}
+
+TEST_F(Placing, ControlsStandWhereTheyAreEveryTimeAFormIsShown) {
+  for (int i = 0; i < 3; ++i)
+    Show(form, [&](Hands& hands) {
+      ASSERT_TRUE(hands.FormIsUp());
+      std::string misplaced;
+      EXPECT_TRUE(hands.Until([&] { return (misplaced = Misplaced(form)).empty(); })) << misplaced;
+      OnMainThread([&] { form.Hide(); });
+    });
+}
+
 /// The captions that their controls, by the toolkit's own account, have no room for.
 std::string ClippedCaptions(Form& form) {
   std::string clipped;

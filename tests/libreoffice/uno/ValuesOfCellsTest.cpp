@@ -115,10 +115,40 @@ TEST(ValuesOfCells, ThatAreDatesWhenWrittenAreNotLost) {
   EXPECT_EQ(46347.5, document.Cell("Sheet1", 1, 1)->getValue());
 }
 
-TEST(ValuesOfCells, RefuseAnErrorValueInsteadOfLosingIt) {
+TEST(ValuesOfCells, TakeAnErrorValueAndShowItsNameAsTheFormula) {
   const CalcDocument document;
   const auto cell = document.Excel().Range("A1");
-  EXPECT_EQ(errors::TypeMismatch, NumberOf([&] { cell.Value(Variant::CellError(kNotAvailable)); }));
+  for (const auto& [code, name] : {std::pair(kNotAvailable, "#N/A"), {kDivisionByZero, "#DIV/0!"}}) {
+    cell.Value(Variant::CellError(code));
+    EXPECT_EQ(Variant::CellError(code), cell.Value());
+    EXPECT_EQ(Variant(name), cell.FormulaLocal());
+  }
+}
+
+TEST(ValuesOfCells, RefuseAnErrorValueThatIsNoneInsteadOfLosingIt) {
+  const CalcDocument document;
+  const auto cell = document.Excel().Range("A1");
+  cell.Value("kept");
+  EXPECT_EQ(errors::TypeMismatch, NumberOf([&] { cell.Value(Variant::CellError(1)); }));
+  EXPECT_EQ(Variant("kept"), cell.Value());
+}
+
+TEST(ValuesOfCells, OfABlockAreAllKeptWhenOneIsRefused) {
+  const CalcDocument document;
+  const auto cells = document.Excel().Range("A1:B1");
+  cells.Value("kept");
+  const auto values = std::make_shared<VariantArray>(1, 2);
+  values->At(0, 1) = Variant::CellError(1);
+  EXPECT_EQ(errors::TypeMismatch, NumberOf([&] { cells.Value(values); }));
+  EXPECT_EQ(Variant("kept"), document.Excel().Range("A1").Value());
+}
+
+TEST(ValuesOfCells, KeepTheFormatThatADateFindsWhenItIsOneOfDates) {
+  const CalcDocument document;
+  const auto cell = document.Excel().Range("A1");
+  cell.get()->Invoke("NumberFormat", CallKind::Put, std::initializer_list<Variant>{"yyyy-mm-dd"});
+  cell.Value(Variant::Date(39434));
+  EXPECT_EQ(Variant("2007-12-18"), cell.get()->Invoke("Text", CallKind::Get, {}));
 }
 
 TEST(FormulasOfCells, ReadAsTheyWereWritten) {

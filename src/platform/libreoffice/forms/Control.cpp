@@ -112,6 +112,8 @@ void UnoControlPeer::FinishMaking() {
   m_window.Set("FontDescriptor", uno::Any(described));
   Changed(Aspect::ToolTip);
   SetAccessibleName();
+  // The layout tells of a place only when it is another one, and this window may not be the control's first.
+  m_window.Place(m_control.Bounds());
   m_window.Enable(EnabledByAll(m_control));
   m_window.Show(ShownByAll(m_control));
   WhileThere([&] { m_window.get()->addFocusListener(m_ear.get()); });

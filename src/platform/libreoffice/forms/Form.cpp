@@ -45,6 +45,8 @@ UnoFormPeer::UnoFormPeer(pellora::Form& form, const uno::Reference<uno::XCompone
 UnoFormPeer::~UnoFormPeer() {
   StopListening();
   m_ear->Detach();
+  m_dialog.clear();
+  m_window.Retire(m_context);
 }
 
 void UnoFormPeer::MakeWindow() {

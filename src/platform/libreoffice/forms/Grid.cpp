@@ -11,6 +11,7 @@
 #include <com/sun/star/style/VerticalAlignment.hpp>
 #include <com/sun/star/util/MeasureUnit.hpp>
 #include <com/sun/star/view/SelectionType.hpp>
+#include <vector>
 
 #include "core/Text.h"
 #include "forms/NaturalSize.h"
@@ -49,7 +50,12 @@ GridPeer::GridPeer(UnoFormPeer& form, pellora::Grid& grid) : PeerOf(form, grid),
   for (const auto aspect : {Aspect::Rows, Aspect::CurrentRow}) Changed(aspect);
 }
 
-GridPeer::~GridPeer() { m_data->Detach(); }
+GridPeer::~GridPeer() {
+  m_data->Detach();
+  Listener()->Detach();
+  // The window goes with that of the form.
+  m_window.detach();
+}
 
 sal_Int32 GridPeer::InLogicalWidth(int pixels) const {
   const auto units = m_window.As<awt::XUnitConversion>();

@@ -2,14 +2,50 @@
 
 #include <com/sun/star/accessibility/XAccessible.hpp>
 #include <com/sun/star/accessibility/XAccessibleComponent.hpp>
+#include <com/sun/star/awt/AsyncCallback.hpp>
 #include <com/sun/star/awt/PosSize.hpp>
 #include <com/sun/star/awt/WindowDescriptor.hpp>
+#include <com/sun/star/awt/XCallback.hpp>
+#include <cppuhelper/implbase1.hxx>
+#include <rtl/ref.hxx>
+#include <vector>
 
 #include "core/Error.h"
 
 namespace pellora::libreoffice {
 
 namespace accessibility = com::sun::star::accessibility;
+
+namespace {
+
+/// What assistive programs are shown of the windows in a dialog, held for as long as this lives.
+std::vector<uno::Reference<accessibility::XAccessible>> ShownOf(const uno::Reference<awt::XWindowPeer>& dialog) {
+  std::vector<uno::Reference<accessibility::XAccessible>> shown;
+  WhileThere([&] {
+    const uno::Reference<accessibility::XAccessible> whole(dialog, uno::UNO_QUERY);
+    const auto inside = whole.is() ? whole->getAccessibleContext() : nullptr;
+    for (sal_Int32 i = 0; inside.is() && i < inside->getAccessibleChildCount(); ++i)
+      shown.push_back(inside->getAccessibleChild(i));
+  });
+  return shown;
+}
+
+/// Takes a window away when the toolkit's events have come to it; they come in the order in which they were put off.
+class Farewell : public cppu::WeakImplHelper1<awt::XCallback> {
+ public:
+  explicit Farewell(const uno::Reference<awt::XWindowPeer>& window) : m_window(window) {}
+  void SAL_CALL notify(const uno::Any&) override {
+    // Once an assistive program has looked at a table, its window frees what that saw and goes on to use it: the
+    // program's memory would be damaged, and it would crash soon after.
+    const auto shown = ShownOf(m_window);
+    WhileThere([&] { m_window->dispose(); });
+  }
+
+ private:
+  uno::Reference<awt::XWindowPeer> m_window;
+};
+
+}  // namespace
 
 void Window::Make(const uno::Reference<awt::XToolkit>& toolkit, const uno::Reference<awt::XWindowPeer>& parent,
                   const char* kind, sal_Int32 attributes, awt::WindowClass windowClass) {
@@ -36,6 +72,17 @@ void Window::reset() {
   const auto peer = m_peer;
   detach();
   if (peer.is()) WhileThere([&] { peer->dispose(); });
+}
+
+void Window::Retire(const uno::Reference<uno::XComponentContext>& context) {
+  if (!m_peer.is()) return;
+  Show(false);
+  WhileThere([&] {
+    const rtl::Reference<Farewell> farewell(new Farewell(m_peer));
+    awt::AsyncCallback::create(context)->addCallback(farewell.get(), uno::Any());
+    detach();
+  });
+  reset();
 }
 
 void Window::detach() {

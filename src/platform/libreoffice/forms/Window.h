@@ -4,6 +4,7 @@
 #include <com/sun/star/awt/XVclWindowPeer.hpp>
 #include <com/sun/star/awt/XWindow2.hpp>
 #include <com/sun/star/awt/XWindowPeer.hpp>
+#include <com/sun/star/uno/XComponentContext.hpp>
 #include <utility>
 
 #include "forms/Geometry.h"
@@ -41,6 +42,9 @@ class Window {
   void reset();
   /// The window is gone already.
   void detach();
+  /// Hides the window, which goes once the toolkit has done what it has put off until now: a table that goes earlier,
+  /// alone or with the window around it, would be called back after its end and crash the program.
+  void Retire(const uno::Reference<uno::XComponentContext>& context);
 
   explicit operator bool() const { return m_window.is(); }
   const uno::Reference<awt::XWindowPeer>& Peer() const { return m_peer; }

@@ -2,7 +2,7 @@
 # The samples in LibreOffice: the workbooks and the extension hold the module as it is, its procedures run from each, and
 # a user sets up tapes through the menu, by real keys and the mouse. Prints a line "ok NAME", "not ok NAME" or "skip NAME"
 # a test. A program of its own: it has its own display and profile.
-. "$(dirname "$0")/../../script/lib/common.sh"
+. "$(dirname "$0")/../../../script/lib/common.sh"
 . "$root/script/lib/display.sh"
 . "$root/script/lib/office.sh"
 
@@ -26,5 +26,5 @@ start_window_manager
 export XDG_CONFIG_HOME=$desk/settings
 cd "$desk"
 launch_office "$desk/Pellora.xlsm"
-timeout -k 5 60 "$office_python" "$root/tests/libreoffice/samples.py" "$office_pipe" "$root/samples" "$desk" ||
+timeout -k 5 60 "$office_python" "$root/tests/libreoffice/samples/samples.py" "$office_pipe" "$root/samples" "$desk" ||
   echo "not ok the tests of the samples ran to their end"

@@ -1,0 +1,3 @@
+#include "bench/TapeBench.h"
+
+int main() { pellora::bench::ReportTapeDialog(pellora::test::TheHost(), stdout); }
