@@ -1,6 +1,7 @@
 """Compares what an installation has written with the tables of the administrators' page:
-listed.py PAGE CLASSES HOME BITS... CLASSES is what "reg query HKCU\\Software\\Classes /s" says, HOME the folder of the
-files, BITS 64, or 64 and 32. Prints a line "ok ..." or "not ok ..." for each table."""
+listed.py PAGE CLASSES HOME user|machine BITS... CLASSES is what "reg query HKCU\\Software\\Classes /s" says, or the same
+for HKLM; HOME the folder of the files; BITS 64, or 64 and 32 in the order in which they were registered. Prints a line
+"ok ..." or "not ok ..." for each table; that of the files belongs to the user."""
 
 import pathlib
 import re
@@ -18,7 +19,7 @@ def written(text):
     found, key = set(), ""
     for line in text.splitlines():
         value = re.match(r"    (.+?)    REG_SZ ?(?: {3}(.*))?$", line)
-        if line.upper().startswith("HKEY_CURRENT_USER\\SOFTWARE\\CLASSES\\"):
+        if re.match(r"HKEY_(CURRENT_USER|LOCAL_MACHINE)\\Software\\Classes\\", line, re.IGNORECASE):
             key = line.split("\\", 3)[3]
         elif value:
             name = "" if value[1] == "(Default)" else value[1]
@@ -37,17 +38,21 @@ def main():
     page = pathlib.Path(sys.argv[1]).read_text(encoding="utf-8")
     home = pathlib.Path(sys.argv[3])
     windows = "C:" + str(home).split("drive_c")[1].replace("/", "\\")
-    keys = set()
-    for bits in sys.argv[4:]:
+    whose = sys.argv[4]
+    keys = {}
+    for bits in sys.argv[5:]:
         library = f"{windows}\\win{bits}\\Pellora.dll"
         for key, name, data in table(page, "key"):
             key = key.replace("BITNESS", f"win{bits}")
-            # The 64-bit system's place for what its 32-bit programs see.
-            if bits == "32" and key.startswith(("CLSID", "Interface")):
+            # The place of a 64-bit system for what its 32-bit programs see. Wine has it for the machine only: of a
+            # user's classes the last registration stands.
+            if bits == "32" and whose == "machine" and key.startswith(("CLSID", "Interface")):
                 key = "Wow6432Node\\" + key
-            keys.add((key.lower(), name.lower(), data.replace("FILE", library).lower()))
-    verdict("the user's classes are exactly those of the administrators' page",
-            written(pathlib.Path(sys.argv[2]).read_text()), keys)  # fmt: skip
+            keys[key.lower(), name.lower()] = data.replace("FILE", library).lower()
+    verdict(f"the {whose}'s classes are exactly those of the administrators' page",
+            written(pathlib.Path(sys.argv[2]).read_text()), {(*place, data) for place, data in keys.items()})  # fmt: skip
+    if whose == "machine":
+        return
     files = {row[0].rsplit("Pellora\\", 1)[1].replace("\\", "/") for row in table(page, "file")}
     there = {str(path.relative_to(home)) for path in home.rglob("*") if path.is_file()}
     verdict("the files are exactly those of the administrators' page", there, files)

@@ -92,7 +92,7 @@ run_wine 30 reg delete "HKCU\\${interface%\\*}" /f >/dev/null 2>&1
 verdict "installing succeeds" ends_with 0 "$desk/My downloads/install.cmd"
 verdict "and says where the library is" says "Pellora is installed for you, in "
 classes >"$desk/classes.txt"
-python3 "$root/tests/windows/listed.py" "$root/docs/administrators.md" "$desk/classes.txt" "$home" "${bitnesses[@]}"
+python3 "$root/tests/windows/listed.py" "$root/docs/administrators.md" "$desk/classes.txt" "$home" user "${bitnesses[@]}"
 verdict "installing once more succeeds" ends_with 0 "$desk/My downloads/install.cmd"
 
 cp "$desk/first.zip" "$desk/Half/win64/Pellora.dll" # another version
@@ -145,7 +145,29 @@ verdict "the check says that the library is registered for the user" says "64-bi
 verdict "removing beside a running Excel is put off" beside_excel ends_with 2 "$home/uninstall.cmd"
 verdict "and leaves everything" test -e "$home/win64/Pellora.dll"
 
-# Wine does not look at a user's classes: the same keys, put under the machine's, must do.
+# regsvr BITS ARGUMENT...: the regsvr32 of that bitness, silently.
+regsvr() {
+  local tools=system32
+  [[ $1 == 64 ]] || tools=syswow64
+  shift
+  run_wine 60 "C:\\windows\\$tools\\regsvr32.exe" /s "$@"
+}
+# own_path FOLDER: the library there, as install.cmd names it.
+own_path() { windows_path "$home/$1/Pellora.dll" | sed 's/^Z:.*drive_c/C:/'; }
+# Our classes of the machine, and of its 32-bit programs.
+machine_classes() {
+  local classes='HKLM\Software\Classes' key
+  local ids=('CLSID\{E6F41B9B-E88E-46C2-92C4-54BC6EC07D61}' 'Interface\{D5C30E2C-C1A0-4C1C-AAA4-39D9A7DD5ADA}')
+  for key in "${ids[@]}" "${ids[@]/#/Wow6432Node\\}" 'TypeLib\{2EABE3A4-0BFF-4B7F-8DDF-75618E559BE8}' \
+    Pellora.cPellora Pellora.cPellora.1; do
+    run_wine 30 reg query "$classes\\$key" /s 2>/dev/null | tr -d '\r' || true
+  done
+}
+no_machine_classes() { ! machine_classes | grep HKEY_; }
+
+# Wine does not look at a user's classes: the same keys, put under the machine's, must do. It has but one place for a
+# user's classes of both bitnesses: the 64-bit one goes there once more, the 32-bit one is registered for the machine.
+regsvr 64 /n /i:user "$(own_path win64)"
 run_wine 30 reg export 'HKCU\Software\Classes' "$(windows_path "$desk/user.reg")" /y >/dev/null 2>&1
 python3 - "$desk/user.reg" "$desk/machine.reg" <<'PYTHON'
 import sys
@@ -153,6 +175,10 @@ text = open(sys.argv[1], encoding="utf-16", newline="").read()
 open(sys.argv[2], "w", encoding="utf-16", newline="").write(text.replace("[HKEY_CURRENT_USER", "[HKEY_LOCAL_MACHINE"))
 PYTHON
 run_wine 30 reg import "$(windows_path "$desk/machine.reg")" >/dev/null 2>&1
+[[ ${bitnesses[*]} == 64 ]] || regsvr 32 "$(own_path win32)"
+machine_classes >"$desk/machine.txt"
+python3 "$root/tests/windows/listed.py" "$root/docs/administrators.md" "$desk/machine.txt" "$home" machine \
+  "${bitnesses[@]}"
 verdict "with these keys for the machine the check is content" ends_with 0 "$home/check.cmd"
 verdict "and says that the library loads" says "64-bit: registered for you, and it loads."
 mv "$home/win64/Pellora.dll" "$desk/kept.dll"
@@ -170,11 +196,8 @@ player=$!
   "$(windows_path "$desk/saved.xlsx")" 2>/dev/null | tr -d '\r' >"$desk/said.txt") || true
 verdict "the archive's client shows the dialogs of the installed library" wait "$player"
 verdict "and comes to its end" says "done"
-for bits in "${bitnesses[@]}"; do
-  tools=system32
-  [[ $bits == 64 ]] || tools=syswow64
-  run_wine 60 "C:\\windows\\$tools\\regsvr32.exe" /s /u "$(windows_path "$home/win$bits/Pellora.dll")" || true
-done
+for bits in "${bitnesses[@]}"; do regsvr "$bits" /u "$(windows_path "$home/win$bits/Pellora.dll")" || true; done
+verdict "the machine's registration is taken back as the administrators' page says" no_machine_classes
 
 verdict "the installed copy removes itself" ends_with 0 "$home/uninstall.cmd"
 verdict "and says so" says "Pellora is removed."
