@@ -8,6 +8,7 @@
 #include <com/sun/star/awt/XCallback.hpp>
 #include <cppuhelper/implbase1.hxx>
 #include <rtl/ref.hxx>
+#include <vector>
 
 #include "core/Error.h"
 
@@ -17,11 +18,26 @@ namespace accessibility = com::sun::star::accessibility;
 
 namespace {
 
+/// What the toolkit shows of the windows inside a window to a screen reader. A table that has been looked at by one
+/// must be held while it goes: it lets go of this object in the middle of the object's own work, and the program would
+/// crash.
+std::vector<uno::Reference<accessibility::XAccessible>> ShownInside(const uno::Reference<awt::XWindowPeer>& window) {
+  std::vector<uno::Reference<accessibility::XAccessible>> shown;
+  WhileThere([&] {
+    const uno::Reference<accessibility::XAccessible> accessible(window, uno::UNO_QUERY_THROW);
+    const auto context = accessible->getAccessibleContext();
+    if (!context.is()) return;
+    for (sal_Int32 i = 0; i < context->getAccessibleChildCount(); ++i) shown.push_back(context->getAccessibleChild(i));
+  });
+  return shown;
+}
+
 /// Takes a window away when the toolkit's events have come to it; they come in the order in which they were put off.
 class Farewell : public cppu::WeakImplHelper1<awt::XCallback> {
  public:
   explicit Farewell(const uno::Reference<awt::XWindowPeer>& window) : m_window(window) {}
   void SAL_CALL notify(const uno::Any&) override {
+    const auto held = ShownInside(m_window);
     WhileThere([&] { m_window->dispose(); });
   }
 
