@@ -1,8 +1,8 @@
 #!/usr/bin/python3
 """Makes the sample workbooks with macros in a running office program: office_samples.py PIPE MODULE FOLDER
 
-Puts the module into quotes.xlsx of the folder and writes Pellora.ods and Pellora.xlsm beside it. Their bytes depend on
-the two and the program only, not on when they were made.
+Puts the module into quotes.xlsx of the folder and writes Pellora.ods and Pellora.xlsm beside it. Neither says
+when it was made; made anew of the same, only the random numbers in the second one's project of macros differ.
 """
 
 import re
