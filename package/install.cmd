@@ -4,6 +4,7 @@ rem Ends with 0 when it is installed, 1 when that failed, 2 when Excel is runnin
 rem The window stays for a while when a double-click has opened it; /quiet leaves that out.
 setlocal
 set "home=%LOCALAPPDATA%\Pellora"
+set "here=%~dp0"
 
 rem The system's own tools, also when a 32-bit program runs this on a 64-bit system.
 set "native=%SystemRoot%\System32"
@@ -15,18 +16,24 @@ set "narrow=%SystemRoot%\SysWOW64"
 if not exist "%narrow%\regsvr32.exe" set "narrow="
 if not defined wide if not defined narrow set "narrow=%native%"
 
-"%native%\tasklist.exe" /nh /fi "imagename eq EXCEL.EXE" >"%TEMP%\Pellora-running.txt" 2>nul
+rem The Excel of somebody else who is logged on does not matter: it has an installation of its own.
+set "whose=username eq %USERDOMAIN%\%USERNAME%"
+"%native%\tasklist.exe" /nh /fi "imagename eq EXCEL.EXE" /fi "%whose%" >"%TEMP%\Pellora-running.txt" 2>nul
 "%native%\find.exe" "EXCEL.EXE" <"%TEMP%\Pellora-running.txt" >nul 2>nul
 if not errorlevel 1 goto running
 del "%TEMP%\Pellora-running.txt" 2>nul
 
+rem All or nothing: what is installed already is not touched before everything is known to be at hand.
+set "missing="
+for %%f in (win64\Pellora.dll win32\Pellora.dll uninstall.cmd check.cmd check.vbs) do (
+  if not exist "%here%%%f" set "missing=%%f"
+)
+if defined missing goto incomplete
 if not exist "%home%\win64" mkdir "%home%\win64"
 if not exist "%home%\win32" mkdir "%home%\win32"
-copy /y "%~dp0win64\Pellora.dll" "%home%\win64\Pellora.dll" >nul
-if errorlevel 1 goto nocopy
-copy /y "%~dp0win32\Pellora.dll" "%home%\win32\Pellora.dll" >nul
-if errorlevel 1 goto nocopy
-for %%f in (uninstall.cmd check.cmd check.vbs) do copy /y "%~dp0%%f" "%home%\%%f" >nul
+set "failed="
+for %%f in (win64\Pellora.dll win32\Pellora.dll uninstall.cmd check.cmd check.vbs) do call :bring "%%f"
+if defined failed goto nocopy
 
 set "why=%TEMP%\Pellora-why.txt"
 del "%why%" 2>nul
@@ -42,6 +49,11 @@ echo Workbooks that are opened from now on can use it. Run check.cmd to see that
 if /i not "%~1"=="/quiet" "%native%\timeout.exe" /t 20 2>nul
 exit /b 0
 
+:bring
+copy /y "%here%%~1" "%home%\%~1" >nul
+if errorlevel 1 set "failed=%~1"
+exit /b 0
+
 :running
 del "%TEMP%\Pellora-running.txt" 2>nul
 echo Excel is running, and nothing was changed. Save your work, close Excel, and run install.cmd again.
@@ -49,14 +61,20 @@ echo If no window of Excel is open, end "Microsoft Excel" in the Task Manager.
 if /i not "%~1"=="/quiet" "%native%\timeout.exe" /t 20 2>nul
 exit /b 2
 
+:incomplete
+echo %missing% is not beside install.cmd, and nothing was changed.
+echo Extract the whole archive first, then run install.cmd again.
+if /i not "%~1"=="/quiet" "%native%\timeout.exe" /t 20 2>nul
+exit /b 1
+
 :nocopy
-echo The files could not be copied to %home%
-echo Extract the whole archive first, close all programs that use Pellora, and run install.cmd again.
+echo The files could not all be copied to %home% (%failed%)
+echo Close all programs that use Pellora, and run install.cmd again.
 if /i not "%~1"=="/quiet" "%native%\timeout.exe" /t 20 2>nul
 exit /b 1
 
 :noregister
-echo The %bits% library could not be registered. What was registered is taken back.
+echo The %bits% library could not be registered. What was registered is taken back, an earlier version's too.
 if exist "%why%" type "%why%"
 del "%why%" 2>nul
 if defined wide "%native%\regsvr32.exe" /s /u /n /i:user "%home%\win64\Pellora.dll"

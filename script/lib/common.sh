@@ -52,3 +52,9 @@ build() {
   quietly "configure-$preset" cmake --preset "$preset" || return 1
   quietly "build-$preset" cmake --build --preset "$preset" ${1:+--target "$@"}
 }
+
+project_version() { sed -n 's/^project(Pellora VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt; }
+
+# The day of what is in an archive: the commit's. Outside a clone there is none, and the day is that of the version's
+# file.
+archive_day() { git log -1 --format=%ct 2>/dev/null || stat -c %Y CMakeLists.txt; }

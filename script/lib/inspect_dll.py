@@ -45,6 +45,12 @@ def executable_data(path):
     return ", ".join(name for name, flags in sections if "CODE" in flags and "READONLY" not in flags)
 
 
+def relocations(dump):
+    """The size of the table by which the system moves the image; without it the flag for that is a mere word."""
+    size = re.search(r"^Entry 5 [0-9a-f]+ ([0-9a-f]+) Base Relocation Directory", dump, re.MULTILINE)
+    return int(size[1], 16) if size else 0
+
+
 def main():
     path, machine = sys.argv[1:]
     dump = objdump("-p", path)
@@ -60,6 +66,7 @@ def main():
     check(re.search(r"^Time/Date\s+(Thu Jan  1 00:00:00 1970|.*not set.*)$", dump, re.MULTILINE), "has no day of its making")
     for flag in FLAGS[machine]:
         check(flag in dump, f"has the flag {flag}")
+    check(relocations(dump) and " .reloc " in objdump("-h", path), "can be moved to another place")
     check(not executable_data(path), "has no section that is both written and run", executable_data(path))
     check("TYPELIB".encode("utf-16-le") in content and b"MSFT\x02\x00\x01\x00" in content, "carries its type library")
     check("VS_VERSION_INFO".encode("utf-16-le") in content, "carries its version")

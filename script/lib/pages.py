@@ -13,17 +13,17 @@ pre {{ background: #f3f3f3; color: #111; padding: .7em; overflow-x: auto }} img 
 
 
 def page(text, siblings=()):
-    """The page as HTML, and the set of its pictures. Links to pages among `siblings` lead to their HTML; others become
-    plain text."""
-    pictures = set()
+    """The page as HTML, the set of its pictures, and the set of targets that its links do not reach: those which are
+    neither in the network nor pages among `siblings`. Links to siblings lead to their HTML."""
+    pictures, lost = set(), set()
     lines = text.split("\n")
     title = next((line[2:] for line in lines if line.startswith("# ")), "")
     out = [HEAD.format(title=html.escape(title))]
     position = 0
     while position < len(lines):
         block, position = _block(lines, position)
-        out.append(_block_html(block, lambda line: _inline(line, siblings, pictures)))
-    return "".join(out) + "</body></html>\n", pictures
+        out.append(_block_html(block, lambda line: _inline(line, siblings, pictures, lost)))
+    return "".join(out) + "</body></html>\n", pictures, lost
 
 
 def _block(lines, start):
@@ -78,13 +78,15 @@ def _table(block, inline):
     return f"<table>{body}</table>\n"
 
 
-def _inline(text, siblings, pictures):
+def _inline(text, siblings, pictures, lost):
     def link(match):
         target = match[2]
         name = target.split("#")[0].removesuffix(".md")
         if name in siblings:
             return f'<a href="{name}.html">{match[1]}</a>'
-        return f'<a href="{target}">{match[1]}</a>' if target.startswith("https:") else match[1]
+        if not target.startswith("https:"):
+            lost.add(target)
+        return f'<a href="{target}">{match[1]}</a>'
 
     def picture(match):
         pictures.add(match[2])

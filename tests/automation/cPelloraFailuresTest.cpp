@@ -3,8 +3,6 @@
 
 #include <optional>
 
-#include <thread>
-
 #include "core/TextServices.h"
 #include "forms/TextBox.h"
 #include "tests/Watching.h"
@@ -182,14 +180,6 @@ TEST_F(cPelloraFailures, UnloadfrmMasterKeepsItsDialogsFailuresInside) {
   platform.registry.refuseWrites = 5;
   EXPECT_NO_THROW(object.UnloadfrmMaster());
   EXPECT_TRUE(Reported("frmAddRibbon.Form_QueryUnload"));
-}
-
-TEST_F(NoNumbers, WhereWindowsBelongToNoThreadAnObjectIsUsedFromAny) {
-  platform.platform.oneThread = false;
-  cPellora object;
-  Error error(7, "", "");
-  std::thread([&] { error = Caught([&] { object.UnloadfrmMaster(); }); }).join();
-  EXPECT_EQ(error.Number(), 0);
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 """Compares what an installation has written with the tables of the administrators' page:
-listed.py PAGE CLASSES HOME. CLASSES is what "reg query HKCU\\Software\\Classes /s" says, HOME the folder of the files.
-Prints a line "ok ..." or "not ok ..." for each table."""
+listed.py PAGE CLASSES HOME BITS... CLASSES is what "reg query HKCU\\Software\\Classes /s" says, HOME the folder of the
+files, BITS 64, or 64 and 32. Prints a line "ok ..." or "not ok ..." for each table."""
 
 import pathlib
 import re
@@ -37,11 +37,15 @@ def main():
     page = pathlib.Path(sys.argv[1]).read_text(encoding="utf-8")
     home = pathlib.Path(sys.argv[3])
     windows = "C:" + str(home).split("drive_c")[1].replace("/", "\\")
-    library = windows + "\\win64\\Pellora.dll"
-    keys = {
-        tuple(cell.replace("FILE", library).replace("BITNESS", "win64").lower() if n != 1 else cell.lower()
-              for n, cell in enumerate(row)) for row in table(page, "key")
-    }  # fmt: skip
+    keys = set()
+    for bits in sys.argv[4:]:
+        library = f"{windows}\\win{bits}\\Pellora.dll"
+        for key, name, data in table(page, "key"):
+            key = key.replace("BITNESS", f"win{bits}")
+            # The 64-bit system's place for what its 32-bit programs see.
+            if bits == "32" and key.startswith(("CLSID", "Interface")):
+                key = "Wow6432Node\\" + key
+            keys.add((key.lower(), name.lower(), data.replace("FILE", library).lower()))
     verdict("the user's classes are exactly those of the administrators' page",
             written(pathlib.Path(sys.argv[2]).read_text()), keys)  # fmt: skip
     files = {row[0].rsplit("Pellora\\", 1)[1].replace("\\", "/") for row in table(page, "file")}

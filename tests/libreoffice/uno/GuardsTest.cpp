@@ -55,6 +55,14 @@ TEST(WritesToAProtectedSheet, LeaveTheOtherSheetsAlone) {
   EXPECT_EQ(0, NumberOf([&] { document.Excel().Range("Free!A1").Value("x"); }));
 }
 
+TEST(ANameWhoseCellsWereDeleted, IsRefused) {
+  CalcDocument document;
+  document.AddSheet("Gone");
+  document.AddName("Lost", "$Gone.$A$1");
+  document.Book()->getSheets()->removeByName("Gone");
+  EXPECT_EQ(errors::ApplicationDefined, NumberOf([&] { document.Excel().Range("Lost").Value(); }));
+}
+
 // A document that is open for reading only.
 class ReadOnly {
  public:

@@ -72,11 +72,26 @@ class NamesOnDisplay : public EachDialog {
     }
     return faults;
   }
+  /// The same for the window that has the keyboard, which may be one inside the control's own.
+  std::string FaultsAtKeyboard(const Form& form) const {
+    std::string faults;
+    for (const auto* control : ShownControls(form)) {
+      if (!control->TakesFocus() || !control->Enabled()) continue;
+      ::SetFocus(WindowOf(*control));
+      const auto name = Narrow(told.Of(::GetFocus()));
+      if (name != control->AccessibleName()) faults += control->Name() + " is \"" + name + "\" at the keyboard\n";
+    }
+    return faults;
+  }
   ToldNames told;
 };
 
 TEST_P(NamesOnDisplay, AreWhatTheFormCallsItsControls) {
   Show([this](Form& form, HWND) { EXPECT_EQ(Faults(form), ""); });
+}
+
+TEST_P(NamesOnDisplay, AreThoseOfTheWindowWithTheKeyboardToo) {
+  Show([this](Form& form, HWND) { EXPECT_EQ(FaultsAtKeyboard(form), ""); });
 }
 
 TEST_P(NamesOnDisplay, AreTakenBackWithTheWindows) {

@@ -21,6 +21,7 @@
 #include "support/mGlobal.h"
 #include "tape/frmAddRibbon.h"
 #include "tests/tape/WorkbookBuilder.h"
+#include "workbook/Host.h"
 
 namespace pellora::windows::test {
 
@@ -33,7 +34,7 @@ class Desk : public TapeOwner {
     mGlobal::ErrorHandler->Init(actions::Dialog, "Error Log.txt", true, false, 2, "Tracing Log.txt");
     mGlobal::AppSettings = std::make_shared<CAppSettings>();
     mGlobal::AppSettings->Init("CORVANE", "Vantix");
-    pellora::test::WorkbookBuilder(workbook).Instruments(2).Tapes(1);
+    pellora::test::WorkbookBuilder(pellora::test::Book(application)).Instruments(2).Tapes(1);
   }
 
   /// Makes its services those in force.

@@ -11,6 +11,7 @@
 #include "core/Convert.h"
 #include "platform/libreoffice/component/BasicErrors.h"
 #include "platform/libreoffice/component/CallArguments.h"
+#include "platform/libreoffice/uno/Documents.h"
 #include "platform/libreoffice/uno/Text.h"
 #include "platform/libreoffice/uno/UnoObject.h"
 
@@ -104,6 +105,10 @@ script::InvocationInfo InfoOf(const ClassMember& member) {
   return info;
 }
 
+Error Interrupted(const ClassMember& member) {
+  return Error(errors::Component(100), "Pellora.cPellora." + std::string(member.name), "cPellora component failure");
+}
+
 }  // namespace
 
 rtl::Reference<UnoPellora> UnoPellora::Create(const Context& context) {
@@ -161,6 +166,7 @@ auto UnoPellora::Run(Body&& body) {
     const mGlobal::ThreadClaim thisThread;
     if (m_state) m_state->LetBuriedGo();
     const Succeeding succeeding(*this);
+    const ScreensKept screens(m_context);
     return body();
   } catch (...) {
     const Error error = Caught();
@@ -217,12 +223,17 @@ uno::Reference<beans::XIntrospectionAccess> UnoPellora::getIntrospection() {
 
 uno::Any UnoPellora::invoke(const rtl::OUString& name, const uno::Sequence<uno::Any>& given,
                             uno::Sequence<sal_Int16>& positions, uno::Sequence<uno::Any>& written) {
+  const std::uint32_t turn = ++m_invocations;
   return RunForBasic([&] {
     const ClassMember& member = KnownMember(name, true);
     CallArguments arguments(member, given, m_context);
     bool writesBack = false;
     const uno::Any result = Call(member, arguments, writesBack);
-    if (writesBack) arguments.WriteBack(positions, written);
+    if (!writesBack) return result;
+    // Basic keeps the variables of one call an object's method: those of this call went when another began, and writing
+    // into them crashes the program.
+    if (m_invocations != turn) throw Interrupted(member);
+    arguments.WriteBack(positions, written);
     return result;
   });
 }

@@ -138,6 +138,8 @@ class UnoPellora final : public UnoPelloraBase, public ::Pellora::XcPellora, pri
   // In the order of making: the object needs the platform, also while it is destroyed.
   std::shared_ptr<LibraryState> m_state;
   std::unique_ptr<cPellora> m_object;
+  /// How many calls have come from Basic.
+  std::atomic<std::uint32_t> m_invocations = 0;
   std::atomic<int> m_running{0};
   std::mutex m_lastMutex;
   Error m_last{0, {}, {}};

@@ -11,6 +11,7 @@
 #include <com/sun/star/style/VerticalAlignment.hpp>
 #include <com/sun/star/util/MeasureUnit.hpp>
 #include <com/sun/star/view/SelectionType.hpp>
+#include <vector>
 
 #include "core/Text.h"
 #include "forms/NaturalSize.h"
@@ -51,6 +52,7 @@ GridPeer::GridPeer(UnoFormPeer& form, pellora::Grid& grid) : PeerOf(form, grid),
 
 GridPeer::~GridPeer() {
   m_data->Detach();
+  Listener()->Detach();
   // The window goes with that of the form.
   m_window.detach();
 }

@@ -18,16 +18,14 @@ namespace accessibility = com::sun::star::accessibility;
 
 namespace {
 
-/// What the toolkit shows of the windows inside a window to a screen reader. A table that has been looked at by one
-/// must be held while it goes: it lets go of this object in the middle of the object's own work, and the program would
-/// crash.
-std::vector<uno::Reference<accessibility::XAccessible>> ShownInside(const uno::Reference<awt::XWindowPeer>& window) {
+/// What assistive programs are shown of the windows in a dialog, held for as long as this lives.
+std::vector<uno::Reference<accessibility::XAccessible>> ShownOf(const uno::Reference<awt::XWindowPeer>& dialog) {
   std::vector<uno::Reference<accessibility::XAccessible>> shown;
   WhileThere([&] {
-    const uno::Reference<accessibility::XAccessible> accessible(window, uno::UNO_QUERY_THROW);
-    const auto context = accessible->getAccessibleContext();
-    if (!context.is()) return;
-    for (sal_Int32 i = 0; i < context->getAccessibleChildCount(); ++i) shown.push_back(context->getAccessibleChild(i));
+    const uno::Reference<accessibility::XAccessible> whole(dialog, uno::UNO_QUERY);
+    const auto inside = whole.is() ? whole->getAccessibleContext() : nullptr;
+    for (sal_Int32 i = 0; inside.is() && i < inside->getAccessibleChildCount(); ++i)
+      shown.push_back(inside->getAccessibleChild(i));
   });
   return shown;
 }
@@ -37,7 +35,9 @@ class Farewell : public cppu::WeakImplHelper1<awt::XCallback> {
  public:
   explicit Farewell(const uno::Reference<awt::XWindowPeer>& window) : m_window(window) {}
   void SAL_CALL notify(const uno::Any&) override {
-    const auto held = ShownInside(m_window);
+    // Once an assistive program has looked at a table, its window frees what that saw and goes on to use it: the
+    // program's memory would be damaged, and it would crash soon after.
+    const auto shown = ShownOf(m_window);
     WhileThere([&] { m_window->dispose(); });
   }
 

@@ -12,6 +12,8 @@
 #include <com/sun/star/frame/XStorable.hpp>
 #include <com/sun/star/frame/theGlobalEventBroadcaster.hpp>
 #include <com/sun/star/sheet/XCellRangeAddressable.hpp>
+#include <com/sun/star/sheet/XNamedRange.hpp>
+#include <com/sun/star/sheet/XNamedRanges.hpp>
 #include <com/sun/star/sheet/XSheetCellRange.hpp>
 #include <com/sun/star/sheet/XSheetCellRangeContainer.hpp>
 #include <com/sun/star/sheet/XSpreadsheetDocument.hpp>
@@ -21,6 +23,7 @@
 #include <cppuhelper/implbase1.hxx>
 
 #include "platform/libreoffice/uno/Failure.h"
+#include "platform/libreoffice/uno/Text.h"
 #include "platform/libreoffice/uno/Values.h"
 
 namespace pellora::libreoffice {
@@ -33,6 +36,8 @@ using css::uno::UNO_QUERY;
 using css::uno::XInterface;
 using Model = Reference<css::frame::XModel>;
 using Sheet = Reference<css::sheet::XSpreadsheet>;
+
+constexpr int kMostLocks = 100;
 
 std::atomic<std::uint32_t> g_closed{0};
 
@@ -137,6 +142,12 @@ rtl::OUString ActiveSheetName(const Reference<XInterface>& document) {
   return sheet.is() ? sheet->getName() : rtl::OUString();
 }
 
+const Reference<css::frame::XDesktop2>& DesktopOf(UnoDispatch& object) {
+  auto& desktop = object.session()->active.desktop;
+  if (!desktop.is()) desktop = css::frame::Desktop::create(object.context());
+  return desktop;
+}
+
 [[noreturn]] void RefuseWrite(const char* reason) { Refuse(std::string("The cells cannot be written: ") + reason); }
 
 bool IsReadOnly(const Model& document) {
@@ -191,8 +202,7 @@ Model DocumentOf(UnoDispatch& object) {
 
 std::shared_ptr<UnoDispatch> ActiveSheetOf(UnoDispatch& application) {
   auto& known = application.session()->active;
-  if (!known.desktop.is()) known.desktop = css::frame::Desktop::create(application.context());
-  const auto document = ActiveDocument(known.desktop);
+  const auto document = ActiveDocument(DesktopOf(application));
   if (document.is() && document == known.document && known.sheet.is()) {
     // A sheet that was renamed, moved or deleted since tells another name than the view does, or none.
     const rtl::OUString name = known.sheet->getName();
@@ -209,6 +219,34 @@ std::shared_ptr<UnoDispatch> ActiveSheetOf(UnoDispatch& application) {
   known.document = same ? document : Reference<XInterface>();
   known.sheet.set(sheet->object(), UNO_QUERY);
   return sheet;
+}
+
+bool NamesDeletedCells(UnoDispatch& application, std::string_view name) {
+  const Reference<css::beans::XPropertySet> document(ActiveDocument(DesktopOf(application)), UNO_QUERY);
+  Reference<css::sheet::XNamedRanges> names;
+  if (!document.is() || !(document->getPropertyValue("NamedRanges") >>= names)) return false;
+  const rtl::OUString wanted = Wide(name);
+  if (!names->hasByName(wanted)) return false;
+  const Reference<css::sheet::XNamedRange> found(names->getByName(wanted), UNO_QUERY);
+  return found.is() && found->getContent().indexOf("#REF!") >= 0;
+}
+
+ScreensKept::ScreensKept(const UnoDispatch::Context& context) {
+  try {
+    for (const Model& document : OpenDocuments(context))
+      if (!document->hasControllersLocked()) m_shown.push_back(document);
+  } catch (const css::uno::Exception&) {
+    // The program ends: it has no screen to keep.
+  }
+}
+
+ScreensKept::~ScreensKept() {
+  for (const Model& document : m_shown) try {
+      // Each switching off counts.
+      for (int i = 0; i < kMostLocks && document->hasControllersLocked(); ++i) document->unlockControllers();
+    } catch (const css::uno::Exception&) {
+      // Closed meanwhile.
+    }
 }
 
 void CheckWritable(UnoDispatch& range, bool contents) {

@@ -4,6 +4,8 @@
 #include <com/sun/star/table/CellRangeAddress.hpp>
 #include <com/sun/star/uno/XComponentContext.hpp>
 #include <cstdint>
+#include <string_view>
+#include <vector>
 
 #include "platform/libreoffice/uno/UnoDispatch.h"
 
@@ -30,6 +32,23 @@ com::sun::star::uno::Reference<com::sun::star::frame::XModel> DocumentOf(UnoDisp
 
 /// The active sheet of the active document, as the object model has it.
 std::shared_ptr<UnoDispatch> ActiveSheetOf(UnoDispatch& application);
+
+/// True for a name of the active document whose cells were deleted: the program answers what stands in their place, or
+/// cells of a sheet that is not there.
+bool NamesDeletedCells(UnoDispatch& application, std::string_view name);
+
+/// Switches the screen on again, at its end, for every spreadsheet that has it on at its beginning: the program does
+/// not do so when a macro ends, as other spreadsheets do, and a routine that was broken off leaves it off.
+class ScreensKept {
+ public:
+  explicit ScreensKept(const UnoDispatch::Context& context);
+  ~ScreensKept();
+  ScreensKept(const ScreensKept&) = delete;
+  ScreensKept& operator=(const ScreensKept&) = delete;
+
+ private:
+  std::vector<com::sun::star::uno::Reference<com::sun::star::frame::XModel>> m_shown;
+};
 
 /// Raises 1004 when cells of the range cannot be written: the program drops such a write without a word, or worse,
 /// makes it. `contents` for values and formulas, which an unlocked cell of a protected sheet takes.

@@ -86,11 +86,20 @@ bool IsName(std::string_view text) {
   return !text.empty() && !IsPlainAddress(text) && text.find_first_of(" !:,'$()[]") == std::string_view::npos;
 }
 
+// Raises 1004 for names whose cells are gone.
+void CheckNames(const Call& call) {
+  for (const Variant& argument : call.arguments)
+    if (argument.Is(Variant::Type::String) && IsName(argument.String()) &&
+        NamesDeletedCells(call.object, argument.String()))
+      RefuseRange();
+}
+
 // A workbook name behind a sheet, which the program does not know: the name alone, when it is on that sheet.
 Variant NamedOnSheet(const Call& call) {
   const auto parts = SheetPartsOf(call.At(0).Is(Variant::Type::String) ? call.At(0).String() : "");
   if (call.arguments.size() != 1 || !parts || parts->size() != 1 || !IsName(parts->front().local)) RefuseRange();
   const Variant name(parts->front().local);
+  if (NamesDeletedCells(call.object, parts->front().local)) RefuseRange();
   const Variant found = call.Plain({&name, 1});
   const auto sheet = ObjectIn(ShownRange(found).Plain("worksheet", CallKind::Get, {}));
   if (!EqualNoCase(ToText(sheet->Invoke("Name", CallKind::Get, {})), *parts->front().sheet)) RefuseRange();
@@ -140,6 +149,7 @@ bool AsksForLastCell(const Call& call) { return IsNumber(call.At(0)) && ToDouble
 
 Variant RangeOfApplication(const Call& call) {
   if (!HasSheetPart(call)) {
+    CheckNames(call);
     if (IsNoPlainAddress(call) || call.arguments.size() != 1) return call.Plain();
     return ActiveSheetOf(call.object)->Plain(call.name, call.kind, call.arguments);
   }
@@ -152,8 +162,8 @@ Variant RangeOfApplication(const Call& call) {
 }
 
 Variant RangeOfWorksheet(const Call& call) {
-  const bool sheetPart = HasSheetPart(call);
-  if (sheetPart) CheckTexts(call);
+  CheckNames(call);
+  if (HasSheetPart(call)) CheckTexts(call);
   const Variant found = call.Plain();
   if (SheetIndexOf(ShownRange(found)) != SheetIndexOf(call.object))
     Refuse("Method 'Range' of object '_Worksheet' failed");

@@ -45,7 +45,7 @@ WindowsControlPeer::WindowsControlPeer(WindowsFormPeer& form, pellora::Control& 
 WindowsControlPeer::~WindowsControlPeer() {
   m_form.Forget(*this);
   if (!m_window) return;
-  m_form.Names().Clear(m_window);
+  TellName({});
   ::DestroyWindow(m_window);
 }
 
@@ -107,6 +107,7 @@ void WindowsControlPeer::Make(const wchar_t* windowClass, DWORD style, DWORD exS
                                place.top, place.Width(), place.Height(), m_form.Window(), m_form.NewId(),
                                m_form.Module(), nullptr);
   if (!m_window) throw Error(errors::OutOfMemory);
+  m_inner = InnerWindow();
   FontChanged();
   UpdateToolTip();
   RefreshName();
@@ -119,11 +120,18 @@ void WindowsControlPeer::RefreshName() {
   auto name = m_control.AccessibleName();
   if (name == m_control.Caption()) name.clear();
   if (name == m_toldName) return;
-  if (name.empty())
-    m_form.Names().Clear(m_window);
-  else
-    m_form.Names().Set(m_window, name);
+  TellName(name);
   m_toldName = std::move(name);
+}
+
+void WindowsControlPeer::TellName(const std::string& name) {
+  for (HWND window : {m_window, m_inner}) {
+    if (!window) continue;
+    if (name.empty())
+      m_form.Names().Clear(window);
+    else
+      m_form.Names().Set(window, name);
+  }
 }
 
 LRESULT WindowsControlPeer::Send(UINT message, WPARAM wide, LPARAM low) const {
@@ -146,7 +154,7 @@ void WindowsControlPeer::UpdateToolTip() {
   if (!m_window) return;
   const auto text = Wide(m_control.ToolTip());
   UpdateToolTip(m_window, text);
-  if (const auto inner = InnerWindow()) UpdateToolTip(inner, text);
+  if (m_inner) UpdateToolTip(m_inner, text);
 }
 
 void WindowsControlPeer::UpdateToolTip(HWND window, const std::wstring& text) {

@@ -28,7 +28,7 @@ class WindowsControlPeer : public ControlPeer {
   pellora::Control& GetControl() const { return m_control; }
   HWND Window() const { return m_window; }
   /// The form's window is gone, and the child with it.
-  void Lost() { m_window = nullptr; }
+  void Lost() { m_window = m_inner = nullptr; }
 
   /// The form's window passes on what the child reports; silent while the peer itself makes changes.
   void Report(WORD code);
@@ -60,7 +60,8 @@ class WindowsControlPeer : public ControlPeer {
   virtual void OnCommand(WORD) {}
   virtual LRESULT OnNotify(const NMHDR&) { return 0; }
   virtual HFONT Font() const;
-  /// The window a tool tip belongs to besides the child: the edit in a combo box.
+  /// The window inside the child that takes the keyboard and the mouse in its place: the edit in a combo box. Asked for
+  /// once, when the child has been made.
   virtual HWND InnerWindow() const { return nullptr; }
 
   LRESULT Send(UINT message, WPARAM wide = 0, LPARAM low = 0) const;
@@ -84,11 +85,13 @@ class WindowsControlPeer : public ControlPeer {
 
  private:
   void Move();
+  /// To the child and the window inside it; an empty name takes back the one before.
+  void TellName(const std::string& name);
   void UpdateToolTip();
   void UpdateToolTip(HWND window, const std::wstring& text);
 
   pellora::Control& m_control;
-  HWND m_window = nullptr;
+  HWND m_window = nullptr, m_inner = nullptr;
   /// The name told to assistive programs because the window's own text is another; may be empty.
   std::string m_toldName;
   int m_silent = 0;
