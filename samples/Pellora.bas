@@ -24,6 +24,7 @@ Private mLibrary As Object
 
 ' What gives LibreOffice's application object. That one knows its workbook only as long as this is kept.
 Private mGlobals As Object
+Private mBook As Object
 
 ' How far the picking of a range in LibreOffice is, and where it ended.
 Private mPicking As Boolean
@@ -31,6 +32,12 @@ Private mPickedRange As String
 
 ' The library's one object, made on first use and told which program it works in.
 Private Function Library() As Object
+#If LibreOffice Then
+    ' Macros of the menu serve every workbook, the application object only the one it was asked for in.
+    If Not mBook Is Nothing Then
+        If Not EqualUnoObjects(mBook, ThisComponent) Then ReleasePellora
+    End If
+#End If
     If mLibrary Is Nothing Then
         Set mLibrary = CreateObject("Pellora.cPellora")
         Set mLibrary.ExcelApplication = Host()
@@ -44,7 +51,10 @@ Private Function Host() As Object
     Set Host = Application
     On Error GoTo 0
 #If LibreOffice Then
-    Set mGlobals = CreateUnoServiceWithArguments("ooo.vba.excel.Globals", Array(ThisComponent))
+    If mGlobals Is Nothing Then
+        Set mBook = ThisComponent
+        Set mGlobals = CreateUnoServiceWithArguments("ooo.vba.excel.Globals", Array(mBook))
+    End If
     Set Host = mGlobals.Excel
 #End If
 End Function
@@ -102,6 +112,7 @@ Public Sub ReleasePellora()
     If Not mLibrary Is Nothing Then mLibrary.UnloadfrmMaster
     Set mLibrary = Nothing
     Set mGlobals = Nothing
+    Set mBook = Nothing
 End Sub
 
 ' The range that the user picks in the workbook, as the dialog wants it; nothing when the user cancels.
@@ -172,7 +183,7 @@ End Function
 ' Writes the nine cells of a contract below the last instrument of the active workbook.
 Private Sub WriteInstrument(contract As Variant)
     Dim first As Object, row As Long
-    Set first = Application.Range("TWS_Symbol").Cells(1, 1)
+    Set first = Host.Range("TWS_Symbol").Cells(1, 1)
     row = first.Worksheet.Cells(first.Worksheet.Rows.Count, first.Column).End(-4162).Row + 1
     first.Worksheet.Cells(row, first.Column).Resize(1, 9).Value = contract
 End Sub

@@ -1,10 +1,13 @@
 #!/usr/bin/python3
 """Makes the sample workbooks with macros in a running office program: office_samples.py PIPE MODULE FOLDER
 
-Puts the module into quotes.xlsx of the folder and writes Pellora.ods and Pellora.xlsm beside it.
+Puts the module into quotes.xlsx of the folder and writes Pellora.ods and Pellora.xlsm beside it. Neither says
+when it was made; made anew of the same, only the random numbers in the second one's project of macros differ.
 """
 
+import re
 import sys
+import zipfile
 from pathlib import Path
 
 import uno
@@ -68,6 +71,23 @@ def value(name, content):
     return uno.createUnoStruct("com.sun.star.beans.PropertyValue", Name=name, Value=content)
 
 
+# When and how long the file was worked on, in either format.
+MOMENTS = re.compile(
+    rb"<dc:date>.*?</dc:date>|<meta:editing-duration>.*?</meta:editing-duration>"
+    rb"|<dcterms:(created|modified)\b[^>]*>.*?</dcterms:\1>"
+)
+
+
+def without_moments(path):
+    with zipfile.ZipFile(path) as file:
+        parts = [(entry.filename, entry.compress_type, file.read(entry)) for entry in file.infolist()]
+    with zipfile.ZipFile(path, "w") as file:
+        for name, compression, content in parts:
+            if name in ("meta.xml", "docProps/core.xml"):
+                content = MOMENTS.sub(b"", content)
+            file.writestr(zipfile.ZipInfo(name, (1980, 1, 1, 0, 0, 0)), content, compression)
+
+
 def main(pipe, module, folder):
     folder = Path(folder).resolve()
     context = office(pipe)
@@ -78,6 +98,7 @@ def main(pipe, module, folder):
     document.CurrentController.ActiveSheet = document.Sheets.getByName(SHEET)
     for name, format in (("Pellora.ods", "calc8"), ("Pellora.xlsm", "Calc MS Excel 2007 VBA XML")):
         document.storeToURL((folder / name).as_uri(), (value("FilterName", format),))
+        without_moments(folder / name)
     document.close(True)
 
 
