@@ -144,6 +144,7 @@ Private Function PickedRange(title As String) As String
     Loop
     On Error Resume Next
     window.removeRangeSelectionListener listener
+    window.abortRangeSelection
     PickedRange = mPickedRange
 End Function
 
