@@ -15,33 +15,26 @@ Option Explicit
 ' notice of these two lines. In Excel, with a reference to "Vantix user interface library" (Tools, References...) the
 ' same is early-bound, with completion while you type:
 '
-'   Private mLibrary As Pellora.cPellora
+'   Global mLibrary As Pellora.cPellora
 '   Set mLibrary = New Pellora.cPellora
 '
 ' Then every by-reference argument must be a variable of exactly the type used below.
 
-Private mLibrary As Object
+' Global: of a library of "My Macros", LibreOffice forgets all other variables when a macro has ended.
+Global mLibrary As Object
 
 ' What gives LibreOffice's application object. That one knows its workbook only as long as this is kept.
-Private mGlobals As Object
-Private mBook As Object
+Global mGlobals As Object
 
-' How far the picking of a range in LibreOffice is, and where it ended.
-Private mPicking As Boolean
-Private mPickedRange As String
+' Whether a range is being picked in LibreOffice, and where it ended.
+Global mPicking As Boolean
+Global mPickedRange As String
 
-' The library's one object, made on first use and told which program it works in.
+' The library's one object, made on first use and told which program it works in. Each time, because LibreOffice's
+' application object belongs to a workbook, and the one of the call before may be closed.
 Private Function Library() As Object
-#If LibreOffice Then
-    ' Macros of the menu serve every workbook, the application object only the one it was asked for in.
-    If Not mBook Is Nothing Then
-        If Not EqualUnoObjects(mBook, ThisComponent) Then ReleasePellora
-    End If
-#End If
-    If mLibrary Is Nothing Then
-        Set mLibrary = CreateObject("Pellora.cPellora")
-        Set mLibrary.ExcelApplication = Host()
-    End If
+    If mLibrary Is Nothing Then Set mLibrary = CreateObject("Pellora.cPellora")
+    Set mLibrary.ExcelApplication = Host()
     Set Library = mLibrary
 End Function
 
@@ -51,10 +44,7 @@ Private Function Host() As Object
     Set Host = Application
     On Error GoTo 0
 #If LibreOffice Then
-    If mGlobals Is Nothing Then
-        Set mBook = ThisComponent
-        Set mGlobals = CreateUnoServiceWithArguments("ooo.vba.excel.Globals", Array(mBook))
-    End If
+    Set mGlobals = CreateUnoServiceWithArguments("ooo.vba.excel.Globals", Array(ThisComponent))
     Set Host = mGlobals.Excel
 #End If
 End Function
@@ -97,22 +87,29 @@ End Sub
 Public Sub SetUpTapes()
     Dim place As String
     On Error GoTo Failed
+    If mPicking Then
+        MsgBox "Pick the place of the tape first, or press Esc.", vbInformation, "Quote workbook"
+        Exit Sub
+    End If
     Do While Library.ShowRefEditInterface() = "DATABEGINNING"
         place = PickedPlace()
+        ' The library may have been let go meanwhile.
+        If mLibrary Is Nothing Then Exit Do
         If place <> "" Then Library.RefEditInputs = place
     Loop
     Exit Sub
 Failed:
+    mPicking = False
     MsgBox FailureText(Err.Number, Err.Source, Err.Description), vbExclamation, "Quote workbook"
 End Sub
 
-' Lets the ticker tape dialog and the library go. The next call starts anew.
+' Lets the ticker tape dialog and the library go, and ends the picking of a place. The next call starts anew.
 Public Sub ReleasePellora()
     On Error Resume Next
+    mPicking = False
     If Not mLibrary Is Nothing Then mLibrary.UnloadfrmMaster
     Set mLibrary = Nothing
     Set mGlobals = Nothing
-    Set mBook = Nothing
 End Sub
 
 ' The range that the user picks in the workbook, as the dialog wants it; nothing when the user cancels.
@@ -124,7 +121,7 @@ Private Function PickedPlace() As String
 #End If
     ' Cancelled, InputBox answers False, which is no object.
     On Error Resume Next
-    Set picked = Application.InputBox("Where shall the ticker tape begin?", "Ticker tape", Type:=8)
+    Set picked = Host().InputBox("Where shall the ticker tape begin?", "Ticker tape", Type:=8)
     On Error GoTo 0
     If Not picked Is Nothing Then PickedPlace = SheetAddress(picked.Worksheet.Name, picked.Address)
 End Function
@@ -140,13 +137,21 @@ Private Function PickedRange(title As String) As String
     mPicking = True
     window.addRangeSelectionListener listener
     window.startRangeSelection Array(Named("Title", title), Named("CloseOnMouseRelease", True))
-    ' The listener's routines below are called meanwhile.
+    ' The listener's routines below are called meanwhile, but not by every window that is closed.
     Do While mPicking
         Wait 20
+        If Not IsOpen(window) Then mPicking = False
     Loop
     On Error Resume Next
     window.removeRangeSelectionListener listener
+    window.abortRangeSelection
     PickedRange = mPickedRange
+End Function
+
+' Whether the window of a workbook still shows it.
+Private Function IsOpen(window As Object) As Boolean
+    On Error Resume Next
+    IsOpen = Not IsNull(window.Model)
 End Function
 
 Private Function Named(name As String, value As Variant) As Object
@@ -181,9 +186,9 @@ Public Function PlaceOfRange(range As String) As String
 End Function
 
 ' Writes the nine cells of a contract below the last instrument of the active workbook.
-Private Sub WriteInstrument(contract As Variant)
+Public Sub WriteInstrument(contract As Variant)
     Dim first As Object, row As Long
-    Set first = Host.Range("TWS_Symbol").Cells(1, 1)
+    Set first = Host().Range("TWS_Symbol").Cells(1, 1)
     row = first.Worksheet.Cells(first.Worksheet.Rows.Count, first.Column).End(-4162).Row + 1
     first.Worksheet.Cells(row, first.Column).Resize(1, 9).Value = contract
 End Sub

@@ -159,6 +159,51 @@ def two_documents(desk):
     second.close(True)
 
 
+def closed_document(desk):
+    """The application of a document that is gone, with another document in front."""
+    for name, kept in (("opened afterwards", False), ("kept", True)):
+        first, second = desk.open(), desk.open()
+        desk.run("Take", first)
+        if kept:
+            number = desk.start("Tape")
+            desk.wait(TAPE)
+            close_tape(desk, number)
+        first.close(True)
+        before = cells(second)
+        errors = insert_through_errors(desk, desk.start("Tape"), "Desk!M3:O9")
+        if not kept:
+            check(f"a dialog {name} tells that its document is gone", lambda: (errors > 0, True))
+        check(f"a dialog {name} writes nothing into the document in front", lambda: (cells(second) == before, True))
+        desk.run("Unload")
+        second.close(True)
+
+
+def insert_through_errors(desk, number, text):
+    """Inserts a tape, or tries to: each error dialog is answered with Abort; tells how many there were."""
+    errors, inserted = 0, False
+
+    def ended():
+        nonlocal errors, inserted
+        windows = desk.windows()
+        if windows and windows[-1][0] == "Error":
+            errors += 1
+            desk.hand("press", "Error", "Abort")
+        elif windows and windows[-1][0] == "Vantix":
+            desk.hand("press", "Vantix", "OK")
+        elif windows and windows[-1][0] == TAPE and not inserted:
+            inserted = True
+            # A dialog that could read no instruments has no headers of its own.
+            for box, entry in enumerate(("One", "Two", text)):
+                desk.hand("put", TAPE, box, entry)
+            desk.hand("press", TAPE, "Insert")
+        elif windows and windows[-1][0] == TAPE:
+            desk.hand("press", TAPE, "Cancel")
+        return desk.hand("outcome", number)
+
+    desk.until("the call's end", ended)
+    return errors
+
+
 def second_call(desk):
     book = desk.open()
     desk.run("Take", book)
@@ -231,7 +276,7 @@ def main(*arguments):
     desk = Desk(*arguments)
     # The program ends when its last document is closed.
     desk.open()
-    for part in (places, read_only, missing_sheet, closing, two_documents, second_call, settings):
+    for part in (places, read_only, missing_sheet, closing, two_documents, closed_document, second_call, settings):
         try:
             part(desk)
         except Exception as error:  # noqa: BLE001, the next part may hold

@@ -2,13 +2,19 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <com/sun/star/beans/PropertyValue.hpp>
 #include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/configuration/theDefaultProvider.hpp>
 #include <com/sun/star/util/XChangesBatch.hpp>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+#include <thread>
 
 #include "platform/libreoffice/uno/Text.h"
 #include "tests/libreoffice/runner/Runner.h"
+#include "tests/libreoffice/services/TemporaryFolder.h"
 
 namespace pellora::test {
 namespace {
@@ -70,6 +76,39 @@ TEST(OfficeLocale, FollowsTheSettingOfTheProgram) {
 TEST(OfficeLocale, ReadsDatesInTheOrderOfTheLanguage) {
   const LocaleSetting german("de-DE");
   EXPECT_EQ(libreoffice::OfficeLocale(Office()).dateOrder, libreoffice::DateOrder::DayMonthYear);
+}
+
+/// The folder put before all others that programs are looked for in, for the office program and what it starts.
+class ProgramsFirstIn {
+ public:
+  explicit ProgramsFirstIn(const std::string& folder) : m_before(std::getenv("PATH")) {
+    setenv("PATH", (folder + ":" + m_before).c_str(), 1);
+  }
+  ~ProgramsFirstIn() { setenv("PATH", m_before.c_str(), 1); }
+  ProgramsFirstIn(const ProgramsFirstIn&) = delete;
+  ProgramsFirstIn& operator=(const ProgramsFirstIn&) = delete;
+
+ private:
+  std::string m_before;
+};
+
+// It is started beside the program, which does not wait for it.
+bool IsMade(const std::string& file) {
+  for (int i = 0; i < 500 && !std::filesystem::exists(file); ++i)
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  return std::filesystem::exists(file);
+}
+
+TEST(OpenLink, ReachesTheDesktopAsItIs) {
+  const libreoffice::TemporaryFolder folder;
+  // In place of the desktop's program for links.
+  const std::string asked = folder.Path("asked"), part = folder.Path("part");
+  folder.PutProgram("xdg-open", "#!/bin/sh\nprintf '%s' \"$1\" >" + part + "\nmv " + part + " " + asked + "\n");
+  const ProgramsFirstIn path(folder.Path());
+  const std::string link = "mailto:help@example.com?subject=Error%20in%20a%20macro&body=Line%201%0D%0ALine%202%20'x'";
+  EXPECT_TRUE(libreoffice::OpenLink(link, Office()));
+  EXPECT_TRUE(IsMade(asked));
+  EXPECT_EQ(folder.Content("asked"), link);
 }
 
 TEST(OpenLink, IsToldWhenALinkCannotBeOpened) { EXPECT_FALSE(libreoffice::OpenLink("no link at all", Office())); }

@@ -7,7 +7,9 @@ import tempfile
 _ROOT = pathlib.Path(__file__).resolve().parents[3]
 sys.path += [str(_ROOT / "script" / "lib"), str(_ROOT / "tests" / "libreoffice")]
 import office_check  # noqa: E402
-from demo_office import OfficePlay  # noqa: E402
+from demo_check import QUOTES  # noqa: E402
+from demo_office import PICKING, OfficePlay  # noqa: E402
+from demo_play import PROJECT, TAPE, TICKER  # noqa: E402
 from macros_extension import LIBRARY, MODULE, module_text  # noqa: E402
 from macros_extension import main as make_extension  # noqa: E402
 from office_player import OfficePlayer, PlayError  # noqa: E402
@@ -75,6 +77,89 @@ def test_results(player, folder):
         report(not faults, f"the tapes are in {name} when it is opened again", "; ".join(faults))
 
 
+def test_menu(player, folder):
+    """The menu's macros in a workbook without any; each one needs the application, which a library has to ask for."""
+    desktop = player.create("com.sun.star.frame.Desktop")
+    book = desktop.loadComponentFromURL((folder / "quotes.xlsx").as_uri(), "_blank", 0, ())
+    player.until("quotes.xlsx in front", lambda: desktop.CurrentComponent and desktop.CurrentComponent.URL == book.URL)
+    play = OfficePlay(player, folder)
+    play.sheet.maximise()
+    play.sheet.show(QUOTES)
+    play.sheet.choose("Choose fields...")
+    close(player, PROJECT)
+    test_instruments(player, play)
+    play.sheet.show("Desk")
+    test_held(player, play)
+    test_picking(player, play)
+    play.sheet.choose("Let the library go")
+
+
+def close(player, title):
+    dialog = player.wait(title)
+    player.key("Escape")
+    player.gone(dialog)
+
+
+def test_instruments(player, play):
+    before = len(play.instruments())
+    factory = player.create("com.sun.star.script.provider.MasterScriptProviderFactory")
+    record = ("DEMO", "OPT", "203012", None, "CALL", 100.0, "SMART", "", "USD")
+    call(factory.createScriptProvider(""), LIBRARY, "application", "WriteInstrument", record)
+    sheet = play.sheet.document.Sheets.getByName(QUOTES)
+    rows = [row for row in sheet.getCellRangeByName("A2:I400").DataArray if row[0]]
+    written = tuple(str(cell).removesuffix(".0") for cell in rows[-1])
+    expected = ("DEMO", "OPT", "203012", "", "CALL", "100", "SMART", "", "USD")
+    report(written == expected, "WriteInstrument writes in an .xlsx below its last instrument", f"there is {written}")
+    play.sheet.choose("Add instruments...")
+    dialog = player.wait(TICKER)
+    for field, text in (("Ticker", "MENU"), ("Primary Exchange", "NYSE")):
+        dialog = play.enter(dialog, field, text)
+    player.key("Return")
+    player.gone(dialog)
+    player.until("the instrument in the sheet", lambda: len(play.instruments()) == before + 2)
+    report(play.instruments()[-1] == "MENU STK", "the menu adds an instrument to an .xlsx", play.instruments())
+
+
+def place_in(player, play):
+    """What the tape dialog comes up with as the place; closes it."""
+    play.sheet.choose("Set up tapes...")
+    text = player.wait(TAPE).box(2).text
+    close(player, TAPE)
+    return text
+
+
+def test_held(player, play):
+    play.sheet.choose("Set up tapes...")
+    dialog = player.wait(TAPE)
+    player.fill(dialog, dialog.box(2), "Desk!C7")
+    close(player, TAPE)
+    report(place_in(player, play) == "Desk!C7", "the menu's next macro finds the dialog as the one before left it")
+    play.sheet.choose("Let the library go")
+    report(place_in(player, play) == "", "the menu lets the dialog go")
+
+
+def test_picking(player, play):
+    """Without a place, by Esc, and by letting the library go."""
+    play.sheet.choose("Set up tapes...")
+    dialog = player.wait(TAPE)
+    player.fill(dialog, dialog.box(2), "Desk!C7")
+    begin_picking(player)
+    player.key("Escape")
+    report(player.wait(TAPE).box(2).text == "Desk!C7", "Esc leaves the place of a tape as it was")
+    begin_picking(player)
+    play.sheet.document.close(True)
+    dialog = player.wait(TAPE)
+    report(True, "a workbook closed while a place is picked ends the picking")
+    close(player, TAPE)
+
+
+def begin_picking(player):
+    dialog = player.wait(TAPE)
+    player.click(dialog.button("..."))
+    player.gone(dialog)
+    player.wait(PICKING)
+
+
 def main(pipe, samples, folder):
     samples, folder = pathlib.Path(samples), pathlib.Path(folder)
     with OfficePlayer(pipe) as player:
@@ -85,6 +170,10 @@ def main(pipe, samples, folder):
         except PlayError as error:
             report(False, "a user sets up tapes from the menu of an .xlsm", error)
         test_modules(player, samples / "Pellora.bas", folder)
+        try:
+            test_menu(player, folder)
+        except PlayError as error:
+            report(False, "the menu's macros run in an .xlsx", error)
 
 
 if __name__ == "__main__":

@@ -26,5 +26,5 @@ start_window_manager
 export XDG_CONFIG_HOME=$desk/settings
 cd "$desk"
 launch_office "$desk/Pellora.xlsm"
-timeout -k 5 60 "$office_python" "$root/tests/libreoffice/samples/samples.py" "$office_pipe" "$root/samples" "$desk" ||
+timeout -k 5 120 "$office_python" "$root/tests/libreoffice/samples/samples.py" "$office_pipe" "$root/samples" "$desk" ||
   echo "not ok the tests of the samples ran to their end"

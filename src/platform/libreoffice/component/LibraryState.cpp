@@ -5,6 +5,8 @@
 #include <com/sun/star/frame/TerminationVetoException.hpp>
 #include <cppuhelper/implbase1.hxx>
 
+#include "support/mGlobal.h"
+
 namespace pellora::libreoffice {
 namespace {
 
@@ -86,9 +88,17 @@ bool LibraryState::IsRunning() const {
 }
 
 void LibraryState::OfficeEnds() noexcept {
-  const std::lock_guard lock(m_mutex);
   m_ended = true;
-  for (PlatformUser* const user : m_users) user->OfficeEnds();
+  try {
+    const mGlobal::ThreadClaim thisThread;
+    // They go when the list is free again, as whatever goes with them may want to enter or leave it.
+    std::vector<std::unique_ptr<cPellora>> objects;
+    const std::lock_guard lock(m_mutex);
+    objects.swap(m_buried);
+    for (PlatformUser* const user : m_users) objects.push_back(user->HandOver());
+  } catch (...) {
+    // A call has begun on another thread, after the program had asked; it comes here when it has ended.
+  }
 }
 
 }  // namespace pellora::libreoffice

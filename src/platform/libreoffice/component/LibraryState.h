@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <com/sun/star/frame/XTerminateListener.hpp>
 #include <com/sun/star/uno/XComponentContext.hpp>
 #include <memory>
@@ -18,8 +19,9 @@ class PlatformUser {
   virtual ~PlatformUser() = default;
   /// True while a call is carried out; the program is asked to stay for as long.
   virtual bool IsRunning() const = 0;
-  /// The program ends: what was made from the platform goes now.
-  virtual void OfficeEnds() noexcept = 0;
+  /// The program ends: answers what was made from the platform, so that it goes now; nothing while a call is carried
+  /// out. By the thread that has claimed the library.
+  virtual std::unique_ptr<cPellora> HandOver() noexcept = 0;
 };
 
 /// What all objects of the library share: the platform, and the watch for the end of the office program, which lets go
@@ -56,7 +58,9 @@ class LibraryState {
   void LetBuriedGo();
 
   bool IsRunning() const;
+  /// Lets all objects go that no call is using; to be called again when a call ends after that.
   void OfficeEnds() noexcept;
+  bool HasEnded() const { return m_ended; }
 
  private:
   LibreOfficePlatform m_platform;
@@ -65,7 +69,7 @@ class LibraryState {
   std::vector<std::unique_ptr<cPellora>> m_buried;
   com::sun::star::uno::Reference<com::sun::star::frame::XTerminateListener> m_watch;
   Context m_context;
-  bool m_ended = false;
+  std::atomic<bool> m_ended = false;
 };
 
 }  // namespace pellora::libreoffice

@@ -62,6 +62,20 @@ class Running {
   std::atomic<int>& m_calls;
 };
 
+/// Makes up for the program's end when that came during a call.
+class EndKept {
+ public:
+  explicit EndKept(LibraryState* state) : m_state(state) {}
+  ~EndKept() {
+    if (m_state && m_state->HasEnded()) m_state->OfficeEnds();
+  }
+  EndKept(const EndKept&) = delete;
+  EndKept& operator=(const EndKept&) = delete;
+
+ private:
+  LibraryState* m_state;
+};
+
 const ClassMember& KnownMember(const rtl::OUString& name, bool isMethod) {
   const ClassMember* const member = FindClassMember(name);
   if (!member || member->IsMethod() != isMethod) throw Error(errors::MemberNotSupported);
@@ -161,6 +175,7 @@ template <class Body>
 auto UnoPellora::Run(Body&& body) {
   // The caller may release its last reference while a dialog is up.
   const rtl::Reference<UnoPellora> self(this);
+  const EndKept end(m_state.get());
   const Running running(m_running);
   try {
     const mGlobal::ThreadClaim thisThread;
@@ -212,9 +227,7 @@ cPellora& UnoPellora::Object() {
 
 uno::Reference<uno::XInterface> UnoPellora::Self() { return static_cast<cppu::OWeakObject*>(this); }
 
-void UnoPellora::OfficeEnds() noexcept {
-  if (!IsRunning()) m_object.reset();
-}
+std::unique_ptr<cPellora> UnoPellora::HandOver() noexcept { return IsRunning() ? nullptr : std::move(m_object); }
 
 uno::Reference<beans::XIntrospectionAccess> UnoPellora::getIntrospection() {
   // Python uses the answer without a look: none would end the process.

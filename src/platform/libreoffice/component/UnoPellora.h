@@ -119,7 +119,7 @@ class UnoPellora final : public UnoPelloraBase, public ::Pellora::XcPellora, pri
   auto RunForCallers(Body&& body);
 
   bool IsRunning() const override { return m_running > 0; }
-  void OfficeEnds() noexcept override;
+  std::unique_ptr<cPellora> HandOver() noexcept override;
 
   void Remember(const Error& last);
   Error Last();

@@ -40,9 +40,8 @@ constexpr Difference kDifferences[] = {
     {Application, "screenupdating", false, true, LeftAsItIs, IsSwitchedSo,
      "switched off twice it must be switched on twice"},
     {Application, "range", true, false, RangeOfApplication, nullptr,
-     "a sheet that is not there gives a range that crashes the program; sheets may differ within one address; a file "
-     "in "
-     "brackets is passed over"},
+     "a sheet that is not there gives a range that crashes the program; "
+     "sheets may differ within one address; a file in brackets is passed over"},
     {Application, "intersect", true, false, IntersectionOnOneSheet, nullptr,
      "ranges of different sheets have nothing in common instead of being refused"},
     {Worksheet, "range", true, false, RangeOfWorksheet, IsNoPlainAddress,
@@ -62,9 +61,8 @@ constexpr Difference kDifferences[] = {
     {Range, "value", true, false, ReadValue, nullptr, "a cell with an error reads as 0; an argument is not taken"},
     {Range, "value2", true, false, ReadValue2, LacksMember, "there is no such member"},
     {Range, "value", false, true, PutValue, nullptr,
-     "empty values, dates and errors are passed over; a text mark leaves a text format on the cell for good; a formula "
-     "is "
-     "read in the program's own notation, to which '!' is an intersection"},
+     "empty values, dates and errors are passed over; a text mark leaves a text format on the cell for good; "
+     "a formula is read in the program's own notation, to which '!' is an intersection"},
     {Range, "value2", false, true, PutValue, LacksMember, "there is no such member"},
     {Range, "formula", true, false, ReadFormula, nullptr,
      "a link to another program reads as a function, a text of digits with a mark before it"},

@@ -112,7 +112,9 @@ bool IsAlive(const UnoDispatch& object) {
     default: break;
   }
   if (object.owner()) return IsAlive(*object.owner());
-  return document.is() ? IsOpen(document, object.context()) : !OpenDocuments(object.context()).empty();
+  // An application does not tell whose it is, and one of a document that is gone ends the program: after a document was
+  // closed, one whose document is not known counts as gone.
+  return document.is() && IsOpen(document, object.context());
 }
 
 // The session's own document is asked first: it nearly always is the one.
