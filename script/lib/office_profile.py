@@ -9,6 +9,7 @@ import sys
 from pathlib import Path
 
 import uno
+from com.sun.star.lang import DisposedException
 import unohelper
 from com.sun.star.task import XInteractionHandler
 from com.sun.star.ucb import XCommandEnvironment
@@ -50,7 +51,11 @@ def main(pipe, folder, *extensions):
     for extension in extensions:
         manager.addExtension(Path(extension).resolve().as_uri(), (), "user", manager.createAbortChannel(), Quiet())
     desktop = context.ServiceManager.createInstanceWithContext("com.sun.star.frame.Desktop", context)
-    desktop.terminate()
+    try:
+        desktop.terminate()
+    except DisposedException:
+        # It was quicker to end than to answer.
+        pass
 
 
 if __name__ == "__main__":

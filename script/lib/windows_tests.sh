@@ -9,16 +9,19 @@ broken() {
   printf 'not ok %s\n' "$1" >>"$results/$2.tap"
 }
 
-# run_windows_tests 64|32: runs the test programs and the script clients of that build, side by side, each half on a
+# run_windows_tests 64|32: runs the test programs and the script clients of that build, side by side, each part on a
 # display and in a prefix of its own, of that bitness. Expects `results`, the folder for what comes out. The test of the
-# archive links the libraries anew: it is for `run_package_test`, when nobody uses them.
+# archive links the libraries anew: it is for `run_package_test`.
 run_windows_tests() {
-  local bits=$1
+  local bits=$1 parts=() part
   mkdir -p "$results/windows-$bits"
-  ( _on_its_own "programs-$bits" "win$bits"; _run_programs "$bits" ) &
-  local programs=$!
+  # The longest program by itself.
+  ( _on_its_own "server-$bits" "win$bits"; _run_programs "$bits" -name test_windows_server.exe ) &
+  parts+=($!)
+  ( _on_its_own "programs-$bits" "win$bits"; _run_programs "$bits" -name 'test_*.exe' ! -name test_windows_server.exe ) &
+  parts+=($!)
   ( _on_its_own "test-$bits" "win$bits"; _run_clients "$bits" )
-  wait "$programs"
+  for part in "${parts[@]}"; do wait "$part"; done
 }
 
 # What a part that runs beside others needs for itself; it is given back when the part ends.
@@ -31,11 +34,12 @@ _on_its_own() {
 
 _run_programs() {
   local bits=$1 out=$results/windows-$1 program name
+  shift
   while IFS= read -r program; do
     name=$(basename "$program" .exe)
     quietly "wine$bits-$name" _run_program "$program" "$out/$name.xml" ||
       broken "$name ran to its end without a failure" "windows-$bits/$name"
-  done < <(find "$root/build/win$bits" -name 'test_*.exe' | sort)
+  done < <(find "$root/build/win$bits" "$@" | sort)
 }
 
 _run_program() {
@@ -50,10 +54,17 @@ _run_program() {
   return "$status"
 }
 
-run_package_test() {
+# make_package: makes the archive twice and compares; for when nobody uses the libraries, which are linked anew.
+make_package() {
   mkdir -p "$results/windows-64"
+  PELLORA_MAKE_ONLY=$results/package.zip _run_script 64 tests/windows/package.sh
+  mv "$results/windows-64/package.tap" "$results/windows-64/archive.tap"
+}
+
+# run_package_test: installs, uses and removes what make_package made.
+run_package_test() {
   # It makes its own prefix, one in which the library never was.
-  ( _at_exit=(); trap _run_at_exit EXIT; start_display; _run_script 64 tests/windows/package.sh )
+  ( _at_exit=(); trap _run_at_exit EXIT; start_display; PELLORA_ARCHIVE=$results/package.zip _run_script 64 tests/windows/package.sh )
 }
 
 _run_clients() {

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # The archive to hand out: made twice, and installed, checked, used and removed in a Wine prefix of its own. With
-# PELLORA_ARCHIVE it is that one, and none is made. Where Wine runs both bitnesses, so does this.
+# PELLORA_ARCHIVE it is that one, and none is made; with PELLORA_MAKE_ONLY it is made, kept under that name, and not
+# used. Where Wine runs both bitnesses, so does this.
 . "$(dirname "$0")/../../script/lib/common.sh"
 . "$root/script/lib/display.sh"
 . "$root/script/lib/wine.sh"
@@ -32,6 +33,10 @@ if [[ -n ${PELLORA_ARCHIVE:-} ]]; then
   cp "$PELLORA_ARCHIVE" "$desk/first.zip"
 else
   verdict "two builds make the same archive, byte for byte" make_twice
+fi
+if [[ -n ${PELLORA_MAKE_ONLY:-} ]]; then
+  cp "$desk/first.zip" "$PELLORA_MAKE_ONLY"
+  exit
 fi
 
 [[ -n ${PELLORA_WINE_RUNS:-} ]] || start_display

@@ -33,7 +33,7 @@ def insert(desk, text, *steps, button="Insert"):
     """Types a place in the open tape dialog and inserts; answers what the dialogs said that the steps answer."""
     desk.wait(TAPE)
     desk.hand("put", TAPE, 2, text)
-    desk.hand("press", TAPE, button)
+    desk.press(TAPE, button)
     said = []
     for title, answer in steps:
         said.append(" ".join(desk.wait(title)[1]))
@@ -187,17 +187,17 @@ def insert_through_errors(desk, number, text):
         windows = desk.windows()
         if windows and windows[-1][0] == "Error":
             errors += 1
-            desk.hand("press", "Error", "Abort")
+            desk.press("Error", "Abort")
         elif windows and windows[-1][0] == "Vantix":
-            desk.hand("press", "Vantix", "OK")
+            desk.press("Vantix", "OK")
         elif windows and windows[-1][0] == TAPE and not inserted:
             inserted = True
             # A dialog that could read no instruments has no headers of its own.
             for box, entry in enumerate(("One", "Two", text)):
                 desk.hand("put", TAPE, box, entry)
-            desk.hand("press", TAPE, "Insert")
+            desk.press(TAPE, "Insert")
         elif windows and windows[-1][0] == TAPE:
-            desk.hand("press", TAPE, "Cancel")
+            desk.press(TAPE, "Cancel")
         return desk.hand("outcome", number)
 
     desk.until("the call's end", ended)
@@ -239,7 +239,7 @@ def settings(desk):
         windows = desk.windows()
         if windows and count < 60:
             count += 1
-            desk.hand("press", windows[-1][0], "Ignore" if "Ignore" in windows[-1][2] else "Cancel")
+            desk.pressed(windows[-1][0], "Ignore" if "Ignore" in windows[-1][2] else "Cancel")
     check("settings that cannot be read are told of, and the call ends", lambda: (desk.end(number), "2 "))
     file.rmdir()
     file.write_bytes(good)
@@ -253,7 +253,7 @@ def settings(desk):
     while not desk.hand("outcome", number):
         windows = desk.windows()
         if windows:
-            desk.hand("press", windows[-1][0], "Ignore" if "Ignore" in windows[-1][2] else "Cancel")
+            desk.pressed(windows[-1][0], "Ignore" if "Ignore" in windows[-1][2] else "Cancel")
     check("without a home the call ends", lambda: (desk.end(number), "2 "))
     desk.run("Drop")
     desk.hand("environment", "HOME", home)

@@ -11,6 +11,7 @@ sys.path += [str(root / "script/lib"), str(root / "tests/libreoffice/component")
 
 import uno  # noqa: E402, F401, it lets the next lines find the program's types
 from com.sun.star.beans import NamedValue, PropertyValue  # noqa: E402
+from com.sun.star.uno import RuntimeException  # noqa: E402
 from installed import handled  # noqa: E402
 from office_tests import office  # noqa: E402
 
@@ -153,7 +154,17 @@ class Desk:
 
     def press(self, title, caption):
         self.wait(title)
-        self.hand("press", title, caption)
+        self.until(f"{caption} in {title}", lambda: self.pressed(title, caption))
+
+    def pressed(self, title, caption):
+        """False when the window, or what stands in it, has not come to its full life yet."""
+        try:
+            self.hand("press", title, caption)
+        except RuntimeException as failure:
+            if "StopIteration" not in failure.Message:
+                raise
+            return False
+        return True
 
     def answer(self, macro, *steps):
         """Runs a macro whose dialogs are answered by pairs of title and button; answers what it ends with and what the
@@ -161,7 +172,7 @@ class Desk:
         number, said = self.start(macro), []
         for title, button in steps:
             said.append(" ".join(self.wait(title)[1]))
-            self.hand("press", title, button)
+            self.press(title, button)
             if title in ("Error", "Vantix"):
                 self.gone(title)
         return self.end(number, macro), said
@@ -188,7 +199,7 @@ class Desk:
         end = time.monotonic() + 5
         while self.windows() and time.monotonic() < end:
             title, _, buttons = self.windows()[-1]
-            self.hand("press", title, next(one for one in ("Abort", "Cancel", "OK") if one in buttons))
+            self.pressed(title, next((one for one in ("Abort", "Cancel", "OK") if one in buttons), "OK"))
             time.sleep(0.1)
 
     def alive(self):

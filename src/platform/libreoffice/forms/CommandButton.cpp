@@ -1,6 +1,7 @@
 #include "platform/libreoffice/forms/CommandButton.h"
 
 #include <com/sun/star/awt/ImagePosition.hpp>
+#include <com/sun/star/awt/TextAlign.hpp>
 #include <com/sun/star/awt/XButton.hpp>
 #include <com/sun/star/awt/XStyleSettings.hpp>
 #include <com/sun/star/awt/XStyleSettingsSupplier.hpp>
@@ -34,6 +35,8 @@ void CommandButtonPeer::SetPicture() {
   const auto side = m_form.GetFonts().Scale(kArrowDip);
   const auto arrow = Arrow(m_form.GetContext(), side, Self().Picture() == ButtonPicture::ArrowUp, colour);
   m_window.Set("ImagePosition", uno::Any(awt::ImagePosition::Centered));
+  // A picture without a text stands where a text would.
+  m_window.Set("Align", uno::Any(static_cast<sal_Int16>(awt::TextAlign::CENTER)));
   m_window.Set("Graphic", uno::Any(arrow));
 }
 

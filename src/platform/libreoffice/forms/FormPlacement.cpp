@@ -83,8 +83,10 @@ Point UnoFormPeer::Corner() const {
   if (m_window)
     WhileThere([&] {
       auto place = m_window.get()->getPosSize();
-      // Until the window manager has placed the window, the toolkit knows nothing but the corner.
-      if (place.X == 0 && place.Y == 0) place = awt::Rectangle(m_asked.x, m_asked.y, place.Width, place.Height);
+      // Until the window manager has placed the window, the toolkit knows nothing but a corner: of the window it
+      // belongs to, or of the screen.
+      const bool unknown = (place.X == 0 && place.Y == 0) || (corner.x + place.X == 0 && corner.y + place.Y == 0);
+      if (unknown) place = awt::Rectangle(m_asked.x, m_asked.y, place.Width, place.Height);
       corner = {static_cast<int>(corner.x + place.X), static_cast<int>(corner.y + place.Y)};
     });
   return corner;
@@ -185,7 +187,8 @@ Rect UnoFormPeer::Reachable(const Rect& outer) const {
 
 std::optional<Placement> UnoFormPeer::GetPlacement() {
   if (!m_window) return std::nullopt;
-  if (m_running && !FillsDesktop(OuterPlace())) m_placement.normal = OuterPlace();
+  // It may be asked for before the form is hidden.
+  if (m_running) RememberState();
   return m_placement;
 }
 
