@@ -57,6 +57,8 @@ void UnoFormPeer::ComeUp() {
   if (!IsShown()) return;
   m_up = m_active = true;
   for (auto* peer : std::vector(m_peers)) peer->RestoreCaption();
+  // A window manager may have put the new window where it likes, frame and all.
+  if (m_placed && !WantsMaximised()) MoveTo({m_placement.normal.left, m_placement.normal.top});
   LayOut();
   FocusActive();
   m_form.PeerActivate();
