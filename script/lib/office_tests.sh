@@ -41,7 +41,7 @@ _run_office_library() {
   fi
   start_office "$name"
   # The gallery takes pictures for people.
-  timeout -k 5 90 "$office_python" script/lib/office_tests.py "$office_pipe" "$library" --gtest_brief=1 \
+  timeout -k 5 200 "$office_python" script/lib/office_tests.py "$office_pipe" "$library" --gtest_brief=1 \
     "--gtest_filter=-Gallery.*" "--gtest_output=xml:$results/libreoffice/$name.xml" \
     "PELLORA_FAIL_EVERY=$office_fail_every" >"$logs/$name.log" 2>&1 || status=$?
   (( status == 0 )) ||
