@@ -1,8 +1,8 @@
 #include "Hands.h"
 #include "SampleForm.h"
+#include "forms/ListItems.h"
 #include "forms/Pages.h"
 #include "platform/windows/forms/Fonts.h"
-#include "platform/windows/forms/ListItems.h"
 #include "platform/windows/forms/WideText.h"
 
 namespace pellora::windows {

@@ -4,8 +4,8 @@
 #include <com/sun/star/awt/XTextComponent.hpp>
 
 #include "forms/ComboBox.h"
+#include "forms/ListItems.h"
 #include "platform/libreoffice/forms/Control.h"
-#include "platform/libreoffice/forms/ListItems.h"
 
 namespace pellora::libreoffice {
 

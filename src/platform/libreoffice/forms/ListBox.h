@@ -3,8 +3,8 @@
 #include <com/sun/star/awt/XListBox.hpp>
 
 #include "forms/ListControl.h"
+#include "forms/ListItems.h"
 #include "platform/libreoffice/forms/Control.h"
-#include "platform/libreoffice/forms/ListItems.h"
 
 namespace pellora::libreoffice {
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "forms/ComboBox.h"
+#include "forms/ListItems.h"
 #include "platform/windows/forms/Control.h"
-#include "platform/windows/forms/ListItems.h"
 
 namespace pellora::windows {
 

@@ -1,8 +1,8 @@
-#include "platform/libreoffice/forms/ListItems.h"
+#include "forms/ListItems.h"
 
 #include <algorithm>
 
-namespace pellora::libreoffice {
+namespace pellora {
 
 bool ListItems::Follow(const std::vector<std::string>& wanted, const Remove& remove, const Insert& insert) {
   const auto [shownMiddle, wantedMiddle] = std::mismatch(m_shown.begin(), m_shown.end(), wanted.begin(), wanted.end());
@@ -18,4 +18,4 @@ bool ListItems::Follow(const std::vector<std::string>& wanted, const Remove& rem
   return changed;
 }
 
-}  // namespace pellora::libreoffice
+}  // namespace pellora

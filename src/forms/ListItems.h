@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-namespace pellora::windows {
+namespace pellora {
 
 /// Keeps a native list's items equal to a control's with as few calls as the change needs: what both have at the
 /// beginning and at the end stays.
@@ -20,4 +20,4 @@ class ListItems {
   std::vector<std::string> m_shown;
 };
 
-}  // namespace pellora::windows
+}  // namespace pellora
