@@ -91,6 +91,7 @@ class UnoFormPeer : public FormPeer {
   Rect OuterPlace() const;
   void MoveTo(Point outer);
   void Resize(Size client);
+  void AskForPlace(sal_Int16 parts);
   void LayOut();
   bool GainsByRoom() const;
   Rect PlaceOver() const;
@@ -131,7 +132,9 @@ class UnoFormPeer : public FormPeer {
   std::vector<UnoControlPeer*> m_peers;
   CommandButtonPeer* m_shownDefault = nullptr;
   Placement m_placement;
+  Size m_client;
   Size m_laidOut;
+  Point m_outer;
   Point m_asked;
   bool m_placed = false;
   bool m_ended = false;

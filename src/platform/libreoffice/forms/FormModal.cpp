@@ -1,3 +1,4 @@
+#include <com/sun/star/awt/PosSize.hpp>
 #include <com/sun/star/awt/XTopWindow.hpp>
 
 #include "platform/libreoffice/forms/Form.h"
@@ -12,7 +13,9 @@ void UnoFormPeer::ShowModal() {
     const OthersDisabled others(m_context, m_over);
     const ModalScope innermost(this);
     m_running = true;
+    AskForPlace(awt::PosSize::POSSIZE);
     Run();
+    m_client = Client();
     m_running = m_up = m_active = false;
   }
   if (!m_window) m_form.PeerClose();
