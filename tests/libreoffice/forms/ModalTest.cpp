@@ -25,6 +25,16 @@ uno::Reference<com::sun::star::util::XCloseable> NewDocument() {
   return {Desktop()->loadComponentFromURL("private:factory/scalc", "_blank", 0, {}), uno::UNO_QUERY_THROW};
 }
 
+uno::Reference<com::sun::star::frame::XFrame> FrameOf(
+    const uno::Reference<com::sun::star::util::XCloseable>& document) {
+  const uno::Reference<com::sun::star::frame::XModel> model(document, uno::UNO_QUERY_THROW);
+  return model->getCurrentController()->getFrame();
+}
+
+uno::Reference<awt::XWindow2> WindowOf(const uno::Reference<com::sun::star::util::XCloseable>& document) {
+  return {FrameOf(document)->getContainerWindow(), uno::UNO_QUERY_THROW};
+}
+
 /// Everything else works on a bare display; the close box is the window manager's.
 bool HasWindowManager() {
   return RunProgram("xprop -root _NET_SUPPORTING_WM_CHECK").find("window id") != std::string::npos;
@@ -119,65 +129,13 @@ TEST_F(Modal, AFormOverAFormTakesTheKeyboardAndGivesItBack) {
   EXPECT_THAT(form.events, ElementsAre("cancel"));
 }
 
-TEST_F(Modal, AMessageOverAFormIsAnswered) {
-  MessageAnswer answer = MessageAnswer::Abort;
-  form.butOk.Click = [&] { answer = toolkit.ShowMessage({"The text", "The title"}); };
-  Show(form, [&](Hands& hands) {
-    EXPECT_TRUE(hands.FormIsUp());
-    hands.Press("Return");
-    EXPECT_FALSE(hands.WindowTitled("The title").empty());
-    hands.Press("Return");
-    EXPECT_TRUE(hands.Until([&] { return answer == MessageAnswer::Ok; }));
-    EXPECT_TRUE(form.Shown());
-    hands.Press("Escape");
-  });
-}
-
-TEST_F(Modal, EscapeAnswersAMessageThatCanOnlyBeConfirmed) {
-  MessageAnswer answer = MessageAnswer::Abort;
-  form.butOk.Click = [&] { answer = toolkit.ShowMessage({"The text", "The title"}); };
-  Show(form, [&](Hands& hands) {
-    EXPECT_TRUE(hands.FormIsUp());
-    hands.Press("Return");
-    EXPECT_FALSE(hands.WindowTitled("The title").empty());
-    hands.Press("Escape");
-    EXPECT_TRUE(hands.Until([&] { return answer == MessageAnswer::Ok; }));
-    hands.Press("Escape");
-  });
-}
-
-class Answers : public Modal, public testing::WithParamInterface<std::pair<int, MessageAnswer>> {};
-
-TEST_P(Answers, AreThoseOfTheButtonPressed) {
-  std::optional<MessageAnswer> answer;
-  form.butOk.Click = [&] {
-    answer = toolkit.ShowMessage({"Again?", "The title", MessageButtons::AbortRetryIgnore, true});
-  };
-  Show(form, [&](Hands& hands) {
-    EXPECT_TRUE(hands.FormIsUp());
-    hands.Press("Return");
-    EXPECT_FALSE(hands.WindowTitled("The title").empty());
-    std::this_thread::sleep_for(std::chrono::milliseconds(300));
-    const std::string keys[] = {"alt+a", "alt+r", "alt+i"};
-    hands.Press(keys[GetParam().first]);
-    EXPECT_TRUE(hands.Until([&] { return answer.has_value(); }));
-    hands.Press("Escape");
-  });
-  EXPECT_EQ(answer, GetParam().second);
-}
-
-INSTANTIATE_TEST_SUITE_P(Message, Answers,
-                         testing::Values(std::pair{0, MessageAnswer::Abort}, std::pair{1, MessageAnswer::Retry},
-                                         std::pair{2, MessageAnswer::Ignore}));
-
 TEST_F(Modal, OtherDocumentsCannotBeUsedMeanwhileAndCanAfterwards) {
+  const auto other = NewDocument();
+  const auto window = WindowOf(other);
   const auto document = NewDocument();
-  const uno::Reference<com::sun::star::frame::XModel> model(document, uno::UNO_QUERY_THROW);
-  const auto frame = model->getCurrentController()->getFrame();
-  const uno::Reference<awt::XWindow2> window(frame->getContainerWindow(), uno::UNO_QUERY_THROW);
+  FrameOf(document)->activate();
   bool meanwhile = true;
   SampleForm over(toolkit);
-  NewDocument();
   Show(over, [&](Hands& hands) {
     EXPECT_TRUE(hands.FormIsUp());
     OnMainThread([&] { meanwhile = window->isEnabled(); });
@@ -186,11 +144,25 @@ TEST_F(Modal, OtherDocumentsCannotBeUsedMeanwhileAndCanAfterwards) {
   EXPECT_FALSE(meanwhile);
   EXPECT_TRUE(window->isEnabled());
   document->close(true);
+  other->close(true);
+}
+
+TEST_F(Modal, AFormIsInFrontOfADocumentThatComesUpTogetherWithIt) {
+  const auto current = NewDocument();
+  FrameOf(current)->activate();
+  const auto late = NewDocument();
+  SampleForm over(toolkit);
+  Show(over, [&](Hands& hands) {
+    EXPECT_TRUE(hands.FormIsUp());
+    hands.Press("Escape");
+  });
+  EXPECT_THAT(over.events, ElementsAre("cancel"));
+  late->close(true);
+  current->close(true);
 }
 
 TEST_F(Modal, AFormEndsWithTheDocumentItBelongsTo) {
-  const uno::Reference<com::sun::star::frame::XModel> document(NewDocument(), uno::UNO_QUERY_THROW);
-  const auto frame = document->getCurrentController()->getFrame();
+  const auto frame = FrameOf(NewDocument());
   SampleForm over(toolkit);
   frame->activate();
   Show(over, [&](Hands& hands) {

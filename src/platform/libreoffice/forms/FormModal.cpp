@@ -58,11 +58,13 @@ bool UnoFormPeer::Execute() {
 
 void UnoFormPeer::ComeUp() {
   if (!IsShown()) return;
+  m_heldKeys.Begin();
   m_up = m_active = true;
   for (auto* peer : std::vector(m_peers)) peer->RestoreCaption();
   // A window manager may have put the new window where it likes, frame and all.
   if (m_placed && !WantsMaximised()) MoveTo({m_placement.normal.left, m_placement.normal.top});
   LayOut();
+  BringToFront();
   FocusActive();
   m_form.PeerActivate();
 }
@@ -82,6 +84,7 @@ void UnoFormPeer::Resume() {
 void UnoFormPeer::Activated() {
   m_resumes = false;
   if (!m_up) return;
+  m_heldKeys.Begin();
   m_active = true;
   FocusActive();
   m_form.PeerActivate();
