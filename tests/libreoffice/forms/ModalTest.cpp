@@ -161,6 +161,31 @@ TEST_F(Modal, AFormIsInFrontOfADocumentThatComesUpTogetherWithIt) {
   current->close(true);
 }
 
+/// A window of another program, which has the keyboard when it has come up.
+class OtherProgram {
+ public:
+  explicit OtherProgram(const Hands& hands) : m_process(RunProgram("xev -name Other >/dev/null & echo $!")) {
+    EXPECT_TRUE(hands.WindowHasKeyboard("Other"));
+  }
+  ~OtherProgram() { RunProgram("kill " + m_process); }
+  OtherProgram(const OtherProgram&) = delete;
+  OtherProgram& operator=(const OtherProgram&) = delete;
+
+ private:
+  std::string m_process;
+};
+
+TEST_F(Modal, AFormIsBroughtInFrontOfOtherPrograms) {
+  Show(form, [&](Hands& hands) {
+    EXPECT_TRUE(hands.FormIsUp());
+    const OtherProgram other(hands);
+    OnMainThread([&] { form.WindowPeer()->BringToFront(); });
+    EXPECT_TRUE(hands.WindowHasKeyboard(form.Caption()));
+    hands.Press("Escape");
+  });
+  EXPECT_THAT(form.events, ElementsAre("cancel"));
+}
+
 TEST_F(Modal, AFormEndsWithTheDocumentItBelongsTo) {
   const auto frame = FrameOf(NewDocument());
   SampleForm over(toolkit);
