@@ -1,4 +1,4 @@
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <optional>
 #include <utility>
@@ -8,8 +8,6 @@
 
 namespace pellora::libreoffice {
 namespace {
-
-using testing::ElementsAre;
 
 constexpr auto kTitle = "The title";
 
@@ -79,42 +77,6 @@ TEST_F(Messages, ClosingTheWindowDoesNotAnswerWhatNeedsAnAnswer) {
     hands.Press("alt+r");
   });
   EXPECT_EQ(answer, MessageAnswer::Retry);
-}
-
-/// Holds a key down until the display has repeated it for a while.
-void Hold(const char* key) {
-  RunProgram(std::string("xdotool keydown ") + key);
-  std::this_thread::sleep_for(std::chrono::milliseconds(900));
-  RunProgram(std::string("xdotool keyup ") + key);
-}
-
-TEST_F(Messages, AnEnterHeldDownDoesNotAnswerTheMessageItHasBroughtUp) {
-  Ask(MessageButtons::Ok);
-  Show(form, [&](Hands& hands) {
-    EXPECT_TRUE(hands.FormIsUp());
-    Hold("Return");
-    EXPECT_TRUE(hands.WindowHasKeyboard(kTitle));
-    OnMainThread([&] { EXPECT_FALSE(answer.has_value()); });
-    hands.Press("Return");
-    EXPECT_TRUE(hands.Until([&] { return answer.has_value(); }));
-    hands.Press("Escape");
-  });
-}
-
-TEST_F(Messages, AnEscapeHeldDownClosesOneForm) {
-  SampleForm second(toolkit, "Second");
-  form.butOk.Click = [&] { second.Show(); };
-  Show(form, [&](Hands& hands) {
-    EXPECT_TRUE(hands.FormIsUp());
-    hands.Press("Return");
-    EXPECT_TRUE(hands.IsUp(second));
-    Hold("Escape");
-    EXPECT_TRUE(hands.Until([&] { return !second.Shown(); }));
-    EXPECT_TRUE(form.Shown());
-    EXPECT_TRUE(hands.FormIsUp());
-    hands.Press("Escape");
-  });
-  EXPECT_THAT(form.events, ElementsAre("cancel"));
 }
 
 }  // namespace

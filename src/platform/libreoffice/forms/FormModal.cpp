@@ -76,6 +76,7 @@ void UnoFormPeer::OnActivate(bool active) {
 
 void UnoFormPeer::Resume() {
   if (!m_up) return;
+  m_heldKeys.Begin();
   // The toolkit may have told of it already, while the other window was still there, or tell later, or not at all.
   m_resumes = true;
   m_ear->CallBack(m_context);
@@ -84,7 +85,6 @@ void UnoFormPeer::Resume() {
 void UnoFormPeer::Activated() {
   m_resumes = false;
   if (!m_up) return;
-  m_heldKeys.Begin();
   m_active = true;
   FocusActive();
   m_form.PeerActivate();

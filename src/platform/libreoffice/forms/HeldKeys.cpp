@@ -1,7 +1,7 @@
 #include "platform/libreoffice/forms/HeldKeys.h"
 
+#include <chrono>
 #include <com/sun/star/awt/Key.hpp>
-#include <utility>
 
 namespace pellora::libreoffice {
 namespace {
@@ -9,9 +9,8 @@ namespace {
 namespace awt = com::sun::star::awt;
 using Clock = std::chrono::steady_clock;
 
-/// Longer than any keyboard waits before it repeats a key. The release may go to another program; a key that has been
-/// silent for so long is not held.
-constexpr auto kSilence = std::chrono::seconds(1);
+/// A key that is held repeats many times meanwhile, on the slowest machine too; of another only the release was lost.
+constexpr auto kSilence = std::chrono::seconds(10);
 
 /// The key whose press was the last, of those that answer a window, and whose release has not been heard.
 struct Down {
@@ -29,15 +28,13 @@ bool Answers(sal_Int16 key) { return key == awt::Key::RETURN || key == awt::Key:
 }  // namespace
 
 void HeldKeys::Begin() {
-  m_last = Clock::now();
-  m_held = m_last - TheDown().since < 2 * kSilence ? TheDown().key : 0;
+  m_held = Clock::now() - TheDown().since < kSilence ? TheDown().key : 0;
   m_passedOver = 0;
 }
 
 bool HeldKeys::Pressed(const awt::KeyEvent& key) {
-  const auto now = Clock::now();
-  if (Answers(key.KeyCode)) TheDown() = {key.KeyCode, now};
-  if (key.KeyCode != m_held || now - std::exchange(m_last, now) >= kSilence) m_held = 0;
+  if (Answers(key.KeyCode)) TheDown() = {key.KeyCode, Clock::now()};
+  if (key.KeyCode != m_held) m_held = 0;
   if (m_held != 0 && m_passedOver++ == 0) m_first = key;
   return m_held != 0;
 }

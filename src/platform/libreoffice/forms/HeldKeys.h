@@ -1,6 +1,5 @@
 #pragma once
 
-#include <chrono>
 #include <com/sun/star/awt/KeyEvent.hpp>
 #include <optional>
 
@@ -20,12 +19,9 @@ class HeldKeys {
   std::optional<com::sun::star::awt::KeyEvent> Released(const com::sun::star::awt::KeyEvent& key);
 
  private:
-  using Time = std::chrono::steady_clock::time_point;
-
   sal_Int16 m_held = 0;
   int m_passedOver = 0;
   com::sun::star::awt::KeyEvent m_first;
-  Time m_last;
 };
 
 }  // namespace pellora::libreoffice
