@@ -35,7 +35,8 @@ namespace {
 // Variables of a thread's own.
 
 constexpr std::size_t kBlockSize = 1024;
-constexpr std::size_t kWidestAlignment = 16;
+// That of the system's heap, from which the loader takes the blocks.
+constexpr std::size_t kWidestAlignment = 2 * sizeof(void*);
 
 // As the compiler lays it out for each variable of a thread's own.
 struct ThreadVariable {
