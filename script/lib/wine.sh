@@ -9,9 +9,11 @@ start_wine() {
   command -v wine >/dev/null || fail "Wine is not installed"
   _prefer_loader
   at_exit "stop_wine"
-  # The programs of a warm server start in a tenth of a second. Its output is closed, or whoever reads ours waits for
-  # the server's end.
-  wineserver -p60 </dev/null >/dev/null 2>&1 || true
+  # The programs of a warm server start in a tenth of a second, and what lasts only for a session lasts from one program
+  # to the next. It makes no folder; without one each program would have a server of its own, which is on its way out
+  # while the next one starts. Its output is closed, or whoever reads ours waits for the server's end.
+  mkdir -p "$WINEPREFIX"
+  wineserver -p300 </dev/null >/dev/null 2>&1 || true
   if [[ ! -f $WINEPREFIX/.prepared ]]; then
     timeout -k 5 120 wineboot -i </dev/null >"$logs/wineboot.log" 2>&1 || fail "the Wine prefix could not be made"
     _prepare_prefix
@@ -26,16 +28,33 @@ stop_wine() {
   PATH=${PATH#"$root/build/wine64-bin:"}
 }
 
-# run_wine SECONDS PROGRAM...: runs a Windows program with a time limit. Ends with the program's code, or 124.
+# run_wine SECONDS PROGRAM...: runs a Windows program with a time limit; what it prints comes when it has ended. Ends
+# with the program's code, or 124.
 run_wine() {
-  local seconds=$1
-  shift
-  timeout -k 5 "$seconds" wine "$@" </dev/null
+  local said status=0
+  said=$(mktemp)
+  _run_wine_once "$@" >"$said" || status=$?
+  if _never_started "$said"; then
+    status=0
+    _run_wine_once "$@" >"$said" || status=$?
+  fi
+  cat "$said"
+  rm -f "$said"
+  return "$status"
 }
 
-# never_started FILE: true when the output in FILE says that Wine did not get the program to start. It happens once in a
-# thousand starts on a busy machine and says nothing of the program: one more try is due.
-never_started() { grep -q 'ShellExecuteEx failed' "$1"; }
+# A program of the system goes by its bare name. By its path Wine starts it at once; for a name it starts a program that
+# looks for it and starts it in turn.
+_run_wine_once() {
+  local seconds=$1 program=$2
+  shift 2
+  [[ ! -f $WINEPREFIX/drive_c/windows/system32/$program.exe ]] || program="C:\\windows\\system32\\$program.exe"
+  timeout -k 5 "$seconds" wine "$program" "$@" </dev/null
+}
+
+# _never_started FILE: true when the output in FILE says that Wine did not get the program to start. It happens once in
+# a thousand starts on a busy machine and says nothing of the program, of which nothing ran: one more try is due.
+_never_started() { grep -q 'ShellExecuteEx failed' "$1"; }
 
 # set_user_value KEY NAME TYPE DATA: writes below HKEY_CURRENT_USER.
 set_user_value() {
