@@ -79,7 +79,7 @@ std::size_t Place(ThreadVariable& variable) {
   std::size_t place = variable.place.load(std::memory_order_relaxed);
   if (!place) {
     place = RoundUp(g_placed + (variable.beginsAs ? 1 : 0), std::max<std::size_t>(variable.alignment, 1));
-    // No run of the program gets by this when one gets there: the variables are few and always the same.
+    // Not a matter of chance: the variables are few and the same in every run, so that the first run of a test says it.
     if (variable.alignment > kWidestAlignment || place + variable.size > kBlockSize) std::abort();
     g_placed = place + variable.size;
     variable.place.store(place, std::memory_order_release);
@@ -139,8 +139,10 @@ SRWLOCK* LockOf(pthread_mutex_t& mutex) {
   return reinterpret_cast<SRWLOCK*>(&mutex);
 }
 
-// Such a lock does not count how often its owner took it.
-bool CountsItsOwner(const pthread_mutex_t& mutex) { return mutex == PTHREAD_RECURSIVE_MUTEX_INITIALIZER; }
+// A lock of the system's does not know its owner, who may not take it twice.
+bool KnowsItsOwner(const pthread_mutex_t& mutex) {
+  return mutex == PTHREAD_RECURSIVE_MUTEX_INITIALIZER || mutex == PTHREAD_ERRORCHECK_MUTEX_INITIALIZER;
+}
 
 }  // namespace
 
@@ -186,7 +188,7 @@ PELLORA_RUN_TIME int pthread_mutex_init(pthread_mutex_t* mutex, const pthread_mu
   return 0;
 }
 PELLORA_RUN_TIME int pthread_mutex_lock(pthread_mutex_t* mutex) {
-  if (CountsItsOwner(*mutex)) return EINVAL;
+  if (KnowsItsOwner(*mutex)) return EINVAL;
   AcquireSRWLockExclusive(LockOf(*mutex));
   return 0;
 }
