@@ -214,10 +214,10 @@ TEST_F(Modal, OtherDocumentsCannotBeUsedMeanwhileAndCanAfterwards) {
 class OverADocument : public Modal {
  protected:
   OverADocument() {
-    // The program ends with its last window.
+    // The program ends with its last window. No event comes between the last line and the form, so it is over this one.
     static const auto another = NewDocument();
-    document->getCurrentController()->getFrame()->activate();
     WithEventsPast();
+    document->getCurrentController()->getFrame()->activate();
   }
   ~OverADocument() override {
     WhileThere([&] { Close(); });
