@@ -263,7 +263,7 @@ def last_window(desk, user):
     check("a user closes the last window", lambda: (desk.closed(book), True))
     check("the object lives on without a window", lambda: (desk.answer("Project", (PROJECT, "Cancel"))[0], "False 0"))
     # What the program shows without a document.
-    user.close("LibreOffice$")
+    user.end_by("LibreOffice", "ctrl+q")
 
 
 def main(pipe, pid, folder, *only):

@@ -20,7 +20,7 @@ start_window_manager
 # play [WORD]: starts the program and plays its user.
 play() {
   launch_office
-  timeout -k 5 150 "$office_python" "$folder/badinput.py" "$office_pipe" "$office_pid" "$desk" "$@" || echo "not ok ran to its end"
+  timeout -k 5 300 "$office_python" "$folder/badinput.py" "$office_pipe" "$office_pid" "$desk" "$@" || echo "not ok ran to its end"
 }
 
 # ended NAME [STATUS]: a test whether the program ends, and of itself: a crash has another status.

@@ -67,3 +67,7 @@ class User(OfficePlayer):
     def key_to(self, title, *names):
         """Presses keys that reach that window whichever has the keyboard."""
         self._xdotool("key", "--window", self.window(title), *names)
+
+    def end_by(self, title, name):
+        """Presses a key that ends the program, perhaps before it is released."""
+        subprocess.run(["xdotool", "key", "--window", str(self.window(title)), name], stderr=subprocess.DEVNULL)
