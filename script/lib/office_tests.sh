@@ -3,18 +3,20 @@
 # Where every call of a dialog fails in turn, one of so many does here: all of them take a minute.
 office_fail_every=${PELLORA_FAIL_EVERY:-10}
 
-# run_office_tests: runs the libraries of tests and the scripts of the office program, each part in a profile of its own:
+# run_office_tests: runs the libraries of tests and the scripts of the office program, each in a profile of its own:
 # those that only compute, and beside them, mostly waiting for windows, those with dialogs. Expects `results`, the folder
 # for what comes out.
 run_office_tests() {
   mkdir -p "$results/libreoffice"
   python3 script/lib/inspect_extension.py build/native/pellora.oxt >"$results/libreoffice/extension.tap" || true
-  local folder=build/libreoffice/tests/libreoffice
+  local folder=build/libreoffice/tests/libreoffice part parts=()
   ( _run_office_parts $folder/test_office_{tape,uno,excel,component}.so tests/libreoffice/component/*.sh ) &
-  local computing=$!
-  ( _run_office_parts $folder/test_office_forms.so tests/libreoffice/samples/*.sh tests/libreoffice/badinput/*.sh ) &
-  wait "$!" || true
-  wait "$computing" || true
+  parts+=($!)
+  ( _run_office_parts $folder/test_office_forms.so tests/libreoffice/samples/*.sh ) &
+  parts+=($!)
+  ( _run_office_parts tests/libreoffice/badinput/*.sh ) &
+  parts+=($!)
+  for part in "${parts[@]}"; do wait "$part" || true; done
 }
 
 # One after the other.

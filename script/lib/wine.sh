@@ -3,6 +3,7 @@
 # start_wine [NAME [win64|win32]]: prepares the environment of the private prefix build/wine-NAME, makes the prefix when
 # it is not there yet, and keeps its server running until the script ends.
 start_wine() {
+  local new=$root/build/wine-new-${2:-win64}
   export WINEPREFIX=$root/build/wine${1:+-$1} WINEDEBUG=-all WINEARCH=${2:-win64}
   # No .NET, no HTML engine, and no debugger: after a crash it would wait for somebody to look.
   export WINEDLLOVERRIDES="mscoree=;mshtml=;winedbg.exe="
@@ -10,26 +11,17 @@ start_wine() {
   _prefer_loader
   at_exit "stop_wine"
   # The programs of a warm server start in a tenth of a second, and what lasts only for a session lasts from one program
-  # to the next. It makes no folder; without one each program would have a server of its own, which is on its way out
-  # while the next one starts. Its output is closed, or whoever reads ours waits for the server's end.
-  mkdir -p "$WINEPREFIX"
+  # to the next. The server needs the folder to be there; without one each program would have a server of its own, which
+  # is on its way out while the next one starts. Its output is closed, or whoever reads ours waits for the server's end.
+  [[ -f $WINEPREFIX/.prepared ]] || _copy_prefix "$new" || fail "the Wine prefix could not be made"
   wineserver -p300 </dev/null >/dev/null 2>&1 || true
-  if [[ ! -f $WINEPREFIX/.prepared ]]; then
-    timeout -k 5 120 wineboot -i </dev/null >"$logs/wineboot.log" 2>&1 || fail "the Wine prefix could not be made"
-    _prepare_prefix
-    touch "$WINEPREFIX/.prepared"
-  fi
   run_wine 60 cmd /c exit
 }
 
-# start_new_wine NAME: the same with a prefix in which nothing was ever run: a copy of one that is kept for that, which
-# takes a tenth of the time that making one does.
+# start_new_wine NAME [win64|win32]: the same with a prefix in which nothing was ever run.
 start_new_wine() {
-  [[ -f $root/build/wine-new/.prepared ]] ||
-    ( _at_exit=(); trap _run_at_exit EXIT; start_wine new ) || fail "the Wine prefix could not be made"
   rm -rf "$root/build/wine-$1"
-  cp -a "$root/build/wine-new" "$root/build/wine-$1"
-  start_wine "$1"
+  start_wine "$@"
 }
 
 stop_wine() {
@@ -100,6 +92,29 @@ _prefer_loader() {
   printf '#!/bin/sh\nexport WINELOADER=%s\nexec %s "$@"\n' "$loader" "$loader" >"$root/build/wine64-bin/wine"
   chmod +x "$root/build/wine64-bin/wine"
   [[ :$PATH: == *":$root/build/wine64-bin:"* ]] || export PATH=$root/build/wine64-bin:$PATH
+}
+
+# _copy_prefix NEW: a prefix takes ten seconds to make, so that one is kept in which nothing was ever run. Copies share
+# its files, but for the registry: Wine never writes into a program.
+_copy_prefix() {
+  local new=$1 file
+  (
+    flock 9
+    [[ -f $new/.prepared ]] || WINEPREFIX=$new _make_prefix
+  ) 9>"$new.lock" || return 1
+  rm -rf "$WINEPREFIX"
+  cp -al "$new" "$WINEPREFIX"
+  for file in "$WINEPREFIX"/*.reg; do cp "$file" "$file.own" && mv "$file.own" "$file"; done
+}
+
+_make_prefix() {
+  rm -rf "$WINEPREFIX"
+  mkdir -p "$WINEPREFIX"
+  # The server must not keep the lock, which a later one would wait for.
+  timeout -k 5 120 wineboot -i </dev/null >"$logs/wineboot.log" 2>&1 9>&- || return 1
+  _prepare_prefix 9>&-
+  timeout -k 1 10 wineserver -k </dev/null >/dev/null 2>&1 9>&- || true
+  touch "$WINEPREFIX/.prepared"
 }
 
 _prepare_prefix() {
