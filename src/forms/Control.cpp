@@ -81,10 +81,21 @@ void Control::Visible(bool visible) {
   Tell(Aspect::Visible);
 }
 
-bool Control::Usable() const {
-  for (auto* control = this; control; control = control->m_parent)
-    if (!control->m_enabled || !control->m_visible || !IsOnShownPage(*control)) return false;
+bool Control::EnabledByAll() const {
+  for (auto* control = this; control->m_parent; control = control->m_parent)
+    if (!control->m_enabled) return false;
   return true;
+}
+
+bool Control::ShownByAll() const {
+  for (auto* control = this; control->m_parent; control = control->m_parent)
+    if (!control->m_visible || !IsOnShownPage(*control)) return false;
+  return true;
+}
+
+bool Control::Usable() const {
+  const Control& form = Owner();
+  return form.m_enabled && form.m_visible && EnabledByAll() && ShownByAll();
 }
 
 void Control::ToolTip(std::string_view text) {

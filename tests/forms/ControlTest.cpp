@@ -71,6 +71,36 @@ TEST_F(ControlTest, AControlIsUsableOnlyWithAllThatIsAroundIt) {
   EXPECT_FALSE(box.Usable());
 }
 
+TEST_F(ControlTest, ADisabledContainerDisablesAControlAndDoesNotHideIt) {
+  frame.Enabled(false);
+  EXPECT_FALSE(box.EnabledByAll());
+  EXPECT_TRUE(box.ShownByAll());
+}
+
+TEST_F(ControlTest, AHiddenContainerHidesAControlAndDoesNotDisableIt) {
+  frame.Visible(false);
+  EXPECT_FALSE(box.ShownByAll());
+  EXPECT_TRUE(box.EnabledByAll());
+}
+
+TEST_F(ControlTest, AFormsOwnFlagsCountForUseOnly) {
+  form.Enabled(false);
+  form.Visible(false);
+  EXPECT_FALSE(box.Usable());
+  EXPECT_TRUE(box.EnabledByAll());
+  EXPECT_TRUE(box.ShownByAll());
+}
+
+TEST_F(ControlTest, AControlIsShownWithItsPageOnly) {
+  Pages pages(form, "tabAll");
+  Page first(pages, "pagFirst", "First");
+  Page second(pages, "pagSecond", "Second");
+  CheckBox onSecond(second, "chkSecond", "Second");
+  EXPECT_FALSE(onSecond.ShownByAll());
+  pages.CurrentPage(1);
+  EXPECT_TRUE(onSecond.ShownByAll());
+}
+
 TEST_F(ControlTest, AControlOnAPageThatIsNotShownIsNotUsable) {
   Pages pages(form, "tabAll");
   Page first(pages, "pagFirst", "First");
