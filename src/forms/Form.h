@@ -74,6 +74,9 @@ class Form : public Container {
   void ActiveControl(Control* control) { m_active = control; }
   /// All controls at which Tab stops now, in tab order.
   std::vector<Control*> TabOrder() const;
+  /// Where Tab goes from the active control, or Shift and Tab when `backwards`: to the nearest stop in the order of
+  /// making, round at the ends. Null when there is none.
+  Control* NextTabStop(bool backwards) const;
 
   Toolkit& GetToolkit() const { return m_toolkit; }
   /// A message box over this form with the critical icon, one OK button and the title "Vantix".
@@ -112,7 +115,7 @@ class Form : public Container {
   void EnsurePeer();
   void DropPeer();
   void DetachControls();
-  Control* NextThatTakesFocus(const Control* after) const;
+  Control* NextStop(const Control* after, bool backwards = false) const;
 
   Toolkit& m_toolkit;
   std::string m_tag;

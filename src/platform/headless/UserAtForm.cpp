@@ -113,19 +113,7 @@ void UserAtForm::SelectRow(std::string_view name, int row, int column) const {
 
 void UserAtForm::PressTab(bool backwards) const {
   CheckShown();
-  const auto order = m_form.TabOrder();
-  if (order.empty()) return;
-  const auto all = m_form.Descendants();
-  auto place = [&](const Control* control) { return std::find(all.begin(), all.end(), control); };
-  const auto self = place(m_form.ActiveControl());
-  // An option button that has the focus need not be a tab stop itself: places count, not membership.
-  if (backwards) {
-    const auto before = std::find_if(order.rbegin(), order.rend(), [&](const Control* c) { return place(c) < self; });
-    (before == order.rend() ? order.back() : *before)->SetFocus();
-  } else {
-    const auto behind = std::find_if(order.begin(), order.end(), [&](const Control* c) { return place(c) > self; });
-    (behind == order.end() ? order.front() : *behind)->SetFocus();
-  }
+  if (auto* next = m_form.NextTabStop(backwards)) next->SetFocus();
 }
 
 void UserAtForm::PressEnter() const { PressKey({Key::Enter}); }

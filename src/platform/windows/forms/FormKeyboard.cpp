@@ -93,13 +93,10 @@ bool WindowsFormPeer::TranslateAccessKey(const MSG& message) {
 
 bool WindowsFormPeer::MoveByTab(bool backwards) {
   ShowCues(UISF_HIDEFOCUS);
-  auto order = m_form.TabOrder();
-  if (order.empty()) return true;
-  if (backwards) std::reverse(order.begin(), order.end());
-  const auto now = std::find(order.begin(), order.end(), m_form.ActiveControl());
-  auto& next = now == order.end() || std::next(now) == order.end() ? *order.front() : **std::next(now);
-  next.SetFocus();
-  if (auto* peer = static_cast<WindowsControlPeer*>(next.Peer())) peer->TabbedTo();
+  auto* next = m_form.NextTabStop(backwards);
+  if (!next) return true;
+  next->SetFocus();
+  if (auto* peer = static_cast<WindowsControlPeer*>(next->Peer())) peer->TabbedTo();
   return true;
 }
 
