@@ -55,16 +55,6 @@ bool ChooseByPrefix(Control& control, std::string_view text) {
   return false;
 }
 
-/// The option of the same group, `step` places on, that can be used.
-OptionButton* NextOption(const OptionButton& option, int step) {
-  auto group = option.Group();
-  std::erase_if(group, [](const OptionButton* o) { return !o->Usable(); });
-  const auto self = std::find(group.begin(), group.end(), &option);
-  if (self == group.end()) return nullptr;
-  const auto count = static_cast<int>(group.size());
-  return group[static_cast<std::size_t>((self - group.begin() + step + count) % count)];
-}
-
 /// What an arrow key does at a control.
 void Move(Control& control, int step) {
   if (auto* list = dynamic_cast<ListControl*>(&control)) {
@@ -72,10 +62,7 @@ void Move(Control& control, int step) {
   } else if (auto* grid = dynamic_cast<Grid*>(&control)) {
     if (grid->Rows() > 1) grid->PeerRow(std::clamp(grid->Row() + step, 1, grid->Rows() - 1), grid->Col());
   } else if (auto* option = dynamic_cast<OptionButton*>(&control)) {
-    if (auto* next = NextOption(*option, step)) {
-      next->SetFocus();
-      next->PeerClick();
-    }
+    option->PeerStep(step);
   }
 }
 
