@@ -63,13 +63,6 @@ bool Press(CommandButton* button) {
   return true;
 }
 
-/// Enter is a line break in a text of several lines that can be changed.
-bool TakesLineBreaks(const Control* control) {
-  if (!control || control->Kind() != ControlKind::TextBox) return false;
-  const auto& box = static_cast<const TextBox&>(*control);
-  return box.MultiLine() && !box.ReadOnly();
-}
-
 bool IsStop(const Control* control) { return control->Usable() && control->TabStop(); }
 
 }  // namespace
@@ -225,6 +218,11 @@ bool Form::PeerAccessKey(char letter) {
   return true;
 }
 
+CommandButton* Form::EnterButton(Control* focused) const {
+  const auto onButton = focused && focused->Kind() == ControlKind::CommandButton;
+  return onButton ? static_cast<CommandButton*>(focused) : m_default;
+}
+
 bool Form::PeerKey(const KeyPress& press) {
   auto* active = ActiveControl();
   if (active && active->KeyDown) {
@@ -233,8 +231,7 @@ bool Form::PeerKey(const KeyPress& press) {
   }
   if (press.key == Key::Escape) return Press(m_cancel);
   if (press.key != Key::Enter || TakesLineBreaks(active)) return false;
-  const auto onButton = active && active->Kind() == ControlKind::CommandButton;
-  return Press(onButton ? static_cast<CommandButton*>(active) : m_default);
+  return Press(EnterButton(active));
 }
 
 void Form::ShowCritical(std::string_view text) {

@@ -43,6 +43,9 @@ class Form : public Container {
   /// Enter presses the default button unless another button has the focus, Escape the cancel button. May be null.
   CommandButton* DefaultButton() const { return m_default; }
   CommandButton* CancelButton() const { return m_cancel; }
+  /// The button that Enter presses while `focused`, which may be null, has the focus: that one itself when it is a
+  /// button, otherwise the default button. May be null.
+  CommandButton* EnterButton(Control* focused) const;
 
   const LayoutNode* Layout() const { return m_layout ? &*m_layout : nullptr; }
 

@@ -140,6 +140,12 @@ TEST_F(Keyboard, EnterAtAnotherButtonPressesThatButton) {
   EXPECT_EQ(pressed, "other ");
 }
 
+TEST_F(Keyboard, TheButtonOfEnterIsTheOneWithTheFocusOtherwiseTheDefaultButton) {
+  EXPECT_EQ(form.EnterButton(&other), &other);
+  EXPECT_EQ(form.EnterButton(&text), &ok);
+  EXPECT_EQ(form.EnterButton(nullptr), &ok);
+}
+
 TEST_F(Keyboard, EscapePressesTheCancelButtonWhereverTheFocusIs) {
   other.SetFocus();
   EXPECT_TRUE(form.PeerKey({Key::Escape}));

@@ -33,11 +33,7 @@ KeyPress PressOf(const MSG& message) {
 /// True for the repeated messages of a key that is held down.
 bool IsRepeat(const MSG& message) { return (message.lParam & (LPARAM{1} << 30)) != 0; }
 
-bool TakesLineBreaks(const WindowsControlPeer* peer) {
-  if (!peer || peer->GetControl().Kind() != ControlKind::TextBox) return false;
-  const auto& box = static_cast<const pellora::TextBox&>(peer->GetControl());
-  return box.MultiLine() && !box.ReadOnly();
-}
+bool TakesLineBreaks(const WindowsControlPeer* peer) { return peer && pellora::TakesLineBreaks(&peer->GetControl()); }
 
 /// What a dialog of the platform does too: the host may watch for its keys there.
 bool HostFilters(MSG message) {
@@ -112,8 +108,7 @@ void WindowsFormPeer::FocusMoved(pellora::Control& control) {
 }
 
 void WindowsFormPeer::ShowDefault(pellora::Control* focused) {
-  const auto onButton = focused && focused->Kind() == ControlKind::CommandButton;
-  auto* button = onButton ? static_cast<pellora::CommandButton*>(focused) : m_form.DefaultButton();
+  auto* button = m_form.EnterButton(focused);
   auto* peer = button ? static_cast<CommandButtonPeer*>(button->Peer()) : nullptr;
   if (peer == m_shownDefault) return;
   if (m_shownDefault) m_shownDefault->ShowAsDefault(false);
