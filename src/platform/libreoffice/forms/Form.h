@@ -92,7 +92,6 @@ class UnoFormPeer : public FormPeer {
   void MoveTo(Point outer);
   void Resize(Size client);
   void LayOut();
-  bool GainsByRoom() const;
   Rect PlaceOver() const;
   Rect WorkArea() const;
   void PlaceByDefault();
