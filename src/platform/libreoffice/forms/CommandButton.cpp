@@ -7,15 +7,11 @@
 #include <com/sun/star/awt/XStyleSettingsSupplier.hpp>
 #include <com/sun/star/graphic/XGraphic.hpp>
 
+#include "forms/ArrowShape.h"
 #include "platform/libreoffice/forms/Arrow.h"
 #include "platform/libreoffice/forms/Form.h"
 
 namespace pellora::libreoffice {
-namespace {
-
-constexpr int kArrowDip = 16;
-
-}  // namespace
 
 CommandButtonPeer::CommandButtonPeer(UnoFormPeer& form, pellora::CommandButton& button) : PeerOf(form, button) {
   Make("pushbutton");
