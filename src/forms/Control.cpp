@@ -56,6 +56,12 @@ Control::~Control() {
   if (m_parent) std::erase(m_parent->m_children, this);
 }
 
+bool Control::IsWithin(const Control& other) const {
+  for (auto* control = this; control; control = control->m_parent)
+    if (control == &other) return true;
+  return false;
+}
+
 Form& Control::Owner() const {
   // Only a form is made without a parent.
   auto* top = const_cast<Control*>(this);

@@ -53,6 +53,8 @@ class Control {
   ControlKind Kind() const { return m_kind; }
   const std::string& Name() const { return m_name; }
   Container* Parent() const { return m_parent; }
+  /// The control is that one or stands somewhere in it.
+  bool IsWithin(const Control& other) const;
   /// The form the control stands on.
   Form& Owner() const;
 

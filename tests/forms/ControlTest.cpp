@@ -33,6 +33,18 @@ TEST_F(ControlTest, AControlKnowsItsFormThroughItsContainers) {
   EXPECT_EQ(box.Parent(), &frame);
 }
 
+TEST_F(ControlTest, AControlIsWithinItselfAndAllThatIsAroundIt) {
+  EXPECT_TRUE(box.IsWithin(box));
+  EXPECT_TRUE(box.IsWithin(frame));
+  EXPECT_TRUE(box.IsWithin(form));
+}
+
+TEST_F(ControlTest, AControlIsNotWithinWhatStandsInItOrBesideIt) {
+  CheckBox beside(form, "chkBeside", "Beside");
+  EXPECT_FALSE(frame.IsWithin(box));
+  EXPECT_FALSE(beside.IsWithin(frame));
+}
+
 TEST_F(ControlTest, ADestroyedControlLeavesItsContainer) {
   { CheckBox passing(form, "chkPassing", "Passing"); }
   EXPECT_EQ(form.Children(), std::vector<Control*>{&frame});
