@@ -5,11 +5,13 @@
 #include "platform/libreoffice/forms/Form.h"
 #include "project/frmNewProject.h"
 #include "support/frmErrorMessage.h"
+#include "tests/forms/SampleForm.h"
 #include "tests/libreoffice/forms/Hands.h"
-#include "tests/libreoffice/forms/SampleForm.h"
 
 namespace pellora::libreoffice {
 namespace {
+
+using test::SampleForm;
 
 class Placing : public OfficeFormTest {
  protected:
