@@ -63,7 +63,7 @@ _run_in_office() {
 _run_office_script() {
   local script=$1 name status=0
   name=$(basename "$(dirname "$script")")-$(basename "$script" .sh)
-  timeout -k 10 200 bash "$script" </dev/null >"$results/libreoffice/$name.tap" 2>"$logs/office-$name.log" || status=$?
+  timeout -k 10 400 bash "$script" </dev/null >"$results/libreoffice/$name.tap" 2>"$logs/office-$name.log" || status=$?
   (( status == 0 )) ||
     broken "$name ran to its end (it ended with $status; see build/logs/office-$name.log)" "libreoffice/$name"
 }

@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <com/sun/star/accessibility/AccessibleRole.hpp>
+#include <com/sun/star/accessibility/XAccessible.hpp>
 #include <com/sun/star/awt/XTopWindow.hpp>
 #include <com/sun/star/frame/Desktop.hpp>
 #include <com/sun/star/frame/XComponentLoader.hpp>
@@ -36,6 +38,27 @@ uno::Reference<com::sun::star::frame::XFrame> FrameOf(
 
 uno::Reference<awt::XWindow2> WindowOf(const uno::Reference<com::sun::star::util::XCloseable>& document) {
   return {FrameOf(document)->getContainerWindow(), uno::UNO_QUERY_THROW};
+}
+
+/// As an assistive program does: asks for every window in the form's, and for the cells of its tables.
+void LookAround(Form& form) {
+  using com::sun::star::accessibility::XAccessible;
+  const auto& window = static_cast<UnoFormPeer*>(form.WindowPeer())->GetWindow().Peer();
+  const uno::Reference<XAccessible> whole(window, uno::UNO_QUERY_THROW);
+  const auto inside = whole->getAccessibleContext();
+  for (sal_Int32 i = 0; i < inside->getAccessibleChildCount(); ++i) {
+    const auto child = inside->getAccessibleChild(i)->getAccessibleContext();
+    if (child->getAccessibleRole() != com::sun::star::accessibility::AccessibleRole::TABLE) continue;
+    const auto table = child->getAccessibleChild(child->getAccessibleChildCount() - 1)->getAccessibleContext();
+    for (sal_Int32 cell = 0; cell < table->getAccessibleChildCount(); ++cell) table->getAccessibleChild(cell);
+  }
+}
+
+/// Leaves something to do later for the toolkit: it finishes scrolling a table when it has time.
+void Scroll(Grid& grid) {
+  grid.Rows(100);
+  grid.Row(90);
+  grid.Row(1);
 }
 
 /// Everything else works on a bare display; the close box is the window manager's.
@@ -194,17 +217,104 @@ TEST_F(Modal, AFormIsBroughtInFrontOfOtherPrograms) {
   EXPECT_THAT(form.events, ElementsAre("cancel"));
 }
 
-TEST_F(Modal, AFormEndsWithTheDocumentItBelongsTo) {
-  const auto frame = FrameOf(NewDocument());
-  SampleForm over(toolkit);
-  frame->activate();
+class OverADocument : public Modal {
+ protected:
+  OverADocument() {
+    // The program ends with its last window. No event comes between the last line and the form, so it is over this one.
+    static const auto another = NewDocument();
+    WithEventsPast();
+    document->getCurrentController()->getFrame()->activate();
+  }
+  ~OverADocument() override {
+    WhileThere([&] { Close(); });
+  }
+  // The program itself refuses to close a document with a dialog over it; taking its window away it does not.
+  void TakeWindowAway() { document->getCurrentController()->getFrame()->dispose(); }
+  // Has come up, whoever has the keyboard.
+  bool IsUp(Hands& hands) {
+    return hands.Until([&] {
+      const auto* peer = static_cast<UnoFormPeer*>(over.WindowPeer());
+      return peer && peer->IsUp();
+    });
+  }
+  void Close() { uno::Reference<com::sun::star::util::XCloseable>(document, uno::UNO_QUERY_THROW)->close(true); }
+
+  uno::Reference<com::sun::star::frame::XModel> document{NewDocument(), uno::UNO_QUERY_THROW};
+  SampleForm over{toolkit};
+};
+
+TEST_F(OverADocument, AFormEndsWithIt) {
   Show(over, [&](Hands& hands) {
-    EXPECT_TRUE(hands.FormIsUp());
-    // The program itself refuses to close a document with a dialog over it; taking its window away it does not.
-    OnMainThread([&] { frame->dispose(); });
+    EXPECT_TRUE(IsUp(hands));
+    OnMainThread([&] { TakeWindowAway(); });
     EXPECT_TRUE(hands.Until([&] { return !over.Shown(); }));
   });
   EXPECT_EQ(over.closeMode, kUnloadByUser);
+}
+
+// These would crash the program, some of them only after a while.
+TEST_F(OverADocument, AFormThatAnAssistiveProgramHasLookedAtEndsWithIt) {
+  Show(over, [&](Hands& hands) {
+    EXPECT_TRUE(IsUp(hands));
+    OnMainThread([&] { LookAround(over); });
+    OnMainThread([&] { TakeWindowAway(); });
+    EXPECT_TRUE(hands.Until([&] { return !over.Shown(); }));
+  });
+  WithEventsPast();
+}
+
+TEST_F(OverADocument, AFormThatIsScrollingEndsWithIt) {
+  Show(over, [&](Hands& hands) {
+    EXPECT_TRUE(IsUp(hands));
+    OnMainThread([&] {
+      Scroll(over.grd);
+      TakeWindowAway();
+    });
+    EXPECT_TRUE(hands.Until([&] { return !over.Shown(); }));
+  });
+  WithEventsPast();
+}
+
+TEST_F(OverADocument, AFormOverAFormEndsWithIt) {
+  SampleForm second(toolkit, "Second");
+  over.butOk.Click = [&] { second.Show(); };
+  Show(over, [&](Hands& hands) {
+    EXPECT_TRUE(hands.FormIsUp());
+    hands.Press("Return");
+    EXPECT_TRUE(hands.IsUp(second));
+    OnMainThread([&] {
+      LookAround(over);
+      LookAround(second);
+      TakeWindowAway();
+    });
+    EXPECT_TRUE(hands.Until([&] { return !over.Shown() && !second.Shown(); }));
+  });
+  WithEventsPast();
+}
+
+TEST_F(OverADocument, AFormHasJustEndedWhenItIsClosed) {
+  const Player user(over, [&](Hands& hands) {
+    EXPECT_TRUE(IsUp(hands));
+    OnMainThread([&] {
+      LookAround(over);
+      over.Hide();
+    });
+  });
+  over.Show();
+  // As a macro does: no event comes in between.
+  Close();
+}
+
+TEST_F(OverADocument, AFormThatWasScrollingHasJustEndedWhenItIsClosed) {
+  const Player user(over, [&](Hands& hands) {
+    EXPECT_TRUE(IsUp(hands));
+    OnMainThread([&] {
+      Scroll(over.grd);
+      over.Hide();
+    });
+  });
+  over.Show();
+  Close();
 }
 
 }  // namespace
