@@ -10,7 +10,7 @@
 namespace pellora {
 
 /// The arguments of `CreateNewProject`.
-inline constexpr std::array kQuoteFields = {
+inline constexpr std::array kQuoteFieldOrder = {
     &QuoteFields::AskPrice,   &QuoteFields::AskSize,  &QuoteFields::BidPrice,  &QuoteFields::BidSize,
     &QuoteFields::ClosePrice, &QuoteFields::HighTick, &QuoteFields::LastPrice, &QuoteFields::LastSize,
     &QuoteFields::LowTick,    &QuoteFields::Volume,
@@ -22,7 +22,7 @@ struct ContractText {
   std::size_t place;
 };
 
-inline constexpr std::array kContractTexts = {
+inline constexpr std::array kContractTextOrder = {
     ContractText{&ContractRecord::Symbol, 0},       ContractText{&ContractRecord::TypeSymbol, 1},
     ContractText{&ContractRecord::Expiry, 2},       ContractText{&ContractRecord::Right, 4},
     ContractText{&ContractRecord::Exchange, 6},     ContractText{&ContractRecord::PrimaryExchange, 7},

@@ -298,20 +298,20 @@ uno::Any UnoPellora::Call(const ClassMember& member, CallArguments& arguments, b
 
 uno::Any UnoPellora::CallCreateNewProject(CallArguments& arguments, bool& writesBack) {
   QuoteFields fields;
-  for (std::size_t i = 0; i < kQuoteFields.size(); ++i) fields.*kQuoteFields[i] = arguments.Integer(i);
+  for (std::size_t i = 0; i < kQuoteFieldOrder.size(); ++i) fields.*kQuoteFieldOrder[i] = arguments.Integer(i);
   writesBack = Object().CreateNewProject(fields);
-  for (std::size_t i = 0; i < kQuoteFields.size(); ++i) arguments.Put(i, fields.*kQuoteFields[i]);
+  for (std::size_t i = 0; i < kQuoteFieldOrder.size(); ++i) arguments.Put(i, fields.*kQuoteFieldOrder[i]);
   return uno::Any(writesBack);
 }
 
 uno::Any UnoPellora::CallAddNewSymbol(CallArguments& arguments) {
   ContractRecord contract;
-  for (const auto& [text, place] : kContractTexts) contract.*text = arguments.Text(place);
+  for (const auto& [text, place] : kContractTextOrder) contract.*text = arguments.Text(place);
   contract.Strike = arguments.Double(kStrikePlace);
   contract.Multiplier = arguments.Double(kMultiplierPlace);
   contract.ComTypeListIndex = arguments.Integer(kComTypeListIndexPlace);
   const sal_Int16 outcome = Object().AddNewSymbol(contract);
-  for (const auto& [text, place] : kContractTexts) arguments.Put(place, contract.*text);
+  for (const auto& [text, place] : kContractTextOrder) arguments.Put(place, contract.*text);
   arguments.Put(kStrikePlace, contract.Strike);
   arguments.Put(kMultiplierPlace, contract.Multiplier);
   arguments.Put(kComTypeListIndexPlace, contract.ComTypeListIndex);
@@ -366,9 +366,9 @@ sal_Bool UnoPellora::CreateNewProject(sal_Int16& AskPrice, sal_Int16& AskSize, s
                                   &HighTick, &LastPrice, &LastSize, &LowTick, &Volume};
   return RunForCallers([&] {
     QuoteFields fields;
-    for (std::size_t i = 0; i < kQuoteFields.size(); ++i) fields.*kQuoteFields[i] = *variables[i];
+    for (std::size_t i = 0; i < kQuoteFieldOrder.size(); ++i) fields.*kQuoteFieldOrder[i] = *variables[i];
     const bool answer = Object().CreateNewProject(fields);
-    for (std::size_t i = 0; answer && i < kQuoteFields.size(); ++i) *variables[i] = fields.*kQuoteFields[i];
+    for (std::size_t i = 0; answer && i < kQuoteFieldOrder.size(); ++i) *variables[i] = fields.*kQuoteFieldOrder[i];
     return answer;
   });
 }
@@ -381,12 +381,14 @@ sal_Int16 UnoPellora::AddNewSymbol(rtl::OUString& Symbol, rtl::OUString& TypeSym
                                       &Exchange, &PrimaryExchange, &TypeCurrency};
   return RunForCallers([&] {
     ContractRecord contract;
-    for (std::size_t i = 0; i < kContractTexts.size(); ++i) contract.*kContractTexts[i].text = Narrow(*variables[i]);
+    for (std::size_t i = 0; i < kContractTextOrder.size(); ++i)
+      contract.*kContractTextOrder[i].text = Narrow(*variables[i]);
     contract.Strike = Strike;
     contract.Multiplier = Multiplier;
     contract.ComTypeListIndex = ComTypeListIndex;
     const sal_Int16 outcome = Object().AddNewSymbol(contract);
-    for (std::size_t i = 0; i < kContractTexts.size(); ++i) *variables[i] = Wide(contract.*kContractTexts[i].text);
+    for (std::size_t i = 0; i < kContractTextOrder.size(); ++i)
+      *variables[i] = Wide(contract.*kContractTextOrder[i].text);
     Strike = contract.Strike;
     Multiplier = contract.Multiplier;
     ComTypeListIndex = contract.ComTypeListIndex;

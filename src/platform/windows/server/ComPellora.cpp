@@ -19,7 +19,7 @@ using ole::OleVariant;
 
 constexpr std::string_view kSource = "Pellora.cPellora";
 
-using TextVariables = std::array<BSTR*, kContractTexts.size()>;
+using TextVariables = std::array<BSTR*, kContractTextOrder.size()>;
 
 template <class... Pointers>
 bool AnyNull(const Pointers*... pointers) {
@@ -40,14 +40,14 @@ ComPtr<_cPellora> MakeOrRaise(_cPellora* (*make)()) {
 ContractRecord ReadTexts(const TextVariables& variables) {
   ContractRecord contract;
   for (std::size_t i = 0; i < variables.size(); ++i)
-    contract.*kContractTexts[i].text = ole::Narrow({*variables[i], SysStringLen(*variables[i])});
+    contract.*kContractTextOrder[i].text = ole::Narrow({*variables[i], SysStringLen(*variables[i])});
   return contract;
 }
 
 // Makes all texts before it touches a variable, so that the variables change together or not at all.
 void WriteTexts(const ContractRecord& contract, const TextVariables& variables) {
-  std::array<BStr, kContractTexts.size()> texts;
-  for (std::size_t i = 0; i < texts.size(); ++i) texts[i] = BStr(contract.*kContractTexts[i].text);
+  std::array<BStr, kContractTextOrder.size()> texts;
+  for (std::size_t i = 0; i < texts.size(); ++i) texts[i] = BStr(contract.*kContractTextOrder[i].text);
   for (std::size_t i = 0; i < texts.size(); ++i) {
     BStr old;
     old.attach(*variables[i]);
@@ -194,9 +194,9 @@ HRESULT ComPellora::CreateNewProject(short* AskPrice, short* AskSize, short* Bid
     return E_POINTER;
   return Run([&] {
     QuoteFields fields;
-    for (std::size_t i = 0; i < kQuoteFields.size(); ++i) fields.*kQuoteFields[i] = *variables[i];
+    for (std::size_t i = 0; i < kQuoteFieldOrder.size(); ++i) fields.*kQuoteFieldOrder[i] = *variables[i];
     const bool answer = m_object.CreateNewProject(fields);
-    for (std::size_t i = 0; answer && i < kQuoteFields.size(); ++i) *variables[i] = fields.*kQuoteFields[i];
+    for (std::size_t i = 0; answer && i < kQuoteFieldOrder.size(); ++i) *variables[i] = fields.*kQuoteFieldOrder[i];
     *confirmed = answer ? VARIANT_TRUE : VARIANT_FALSE;
   });
 }
