@@ -2,7 +2,6 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -11,6 +10,7 @@
 #include "core/Error.h"
 #include "forms/Form.h"
 #include "forms/Peers.h"
+#include "tests/FormPeerOver.h"
 
 namespace pellora::tests {
 
@@ -40,27 +40,19 @@ class WatchingToolkit : public Toolkit {
   }
 
  private:
-  class Peer : public FormPeer {
+  class Peer : public FormPeerOver {
    public:
     Peer(WatchingToolkit& toolkit, Form& form, std::unique_ptr<FormPeer> inner)
-        : m_toolkit(toolkit), m_form(form), m_inner(std::move(inner)) {}
-    void ShowModal() override { m_inner->ShowModal(); }
+        : FormPeerOver(std::move(inner)), m_toolkit(toolkit), m_form(form) {}
     void EndModal() override {
       // A copy: a hook may take itself away.
       if (const auto hook = m_toolkit.hiding) hook(m_form);
-      m_inner->EndModal();
+      FormPeerOver::EndModal();
     }
-    void CaptionChanged() override { m_inner->CaptionChanged(); }
-    std::optional<Placement> GetPlacement() override { return m_inner->GetPlacement(); }
-    bool SetPlacement(const Placement& placement) override { return m_inner->SetPlacement(placement); }
-    Rect Desktop() override { return m_inner->Desktop(); }
-    Size OuterSize() override { return m_inner->OuterSize(); }
-    void BringToFront() override { m_inner->BringToFront(); }
 
    private:
     WatchingToolkit& m_toolkit;
     Form& m_form;
-    std::unique_ptr<FormPeer> m_inner;
   };
 
   Toolkit& m_inner;

@@ -1,6 +1,7 @@
 #include "core/Error.h"
 
 #include <array>
+#include <new>
 #include <utility>
 
 namespace pellora {
@@ -67,6 +68,20 @@ Error::Error(std::int32_t number, std::string source, std::string description)
     : m_number(number), m_source(std::move(source)), m_description(std::move(description)) {}
 
 Error::Error(std::int32_t number) : Error(number, {}, std::string(StandardDescription(number))) {}
+
+Error CaughtError(std::string_view source) {
+  try {
+    throw;
+  } catch (const Error& error) {
+    return error;
+  } catch (const std::bad_alloc&) {
+    return Error(errors::OutOfMemory);
+  } catch (const std::exception& other) {
+    return Error(errors::InternalError, std::string(source), other.what());
+  } catch (...) {
+    return Error(errors::InternalError);
+  }
+}
 
 std::string_view StandardDescription(std::int32_t number) {
   for (const auto& entry : kDescriptions)

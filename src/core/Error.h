@@ -30,6 +30,10 @@ class Error : public std::exception {
   std::string m_description;
 };
 
+/// The failure that is being handled, as the library's own: an `Error` as it is, memory that ran out as 7, any other
+/// standard exception as 51 with its text and with `source`, everything else as 51. Only within a catch block.
+Error CaughtError(std::string_view source = {});
+
 /// Run-time error numbers of the host's macro language that the library raises or recognises.
 namespace errors {
 inline constexpr std::int32_t InvalidCall = 5;

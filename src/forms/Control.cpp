@@ -56,6 +56,12 @@ Control::~Control() {
   if (m_parent) std::erase(m_parent->m_children, this);
 }
 
+bool Control::IsWithin(const Control& other) const {
+  for (auto* control = this; control; control = control->m_parent)
+    if (control == &other) return true;
+  return false;
+}
+
 Form& Control::Owner() const {
   // Only a form is made without a parent.
   auto* top = const_cast<Control*>(this);
@@ -81,10 +87,21 @@ void Control::Visible(bool visible) {
   Tell(Aspect::Visible);
 }
 
-bool Control::Usable() const {
-  for (auto* control = this; control; control = control->m_parent)
-    if (!control->m_enabled || !control->m_visible || !IsOnShownPage(*control)) return false;
+bool Control::EnabledByAll() const {
+  for (auto* control = this; control->m_parent; control = control->m_parent)
+    if (!control->m_enabled) return false;
   return true;
+}
+
+bool Control::ShownByAll() const {
+  for (auto* control = this; control->m_parent; control = control->m_parent)
+    if (!control->m_visible || !IsOnShownPage(*control)) return false;
+  return true;
+}
+
+bool Control::Usable() const {
+  const Control& form = Owner();
+  return form.m_enabled && form.m_visible && EnabledByAll() && ShownByAll();
 }
 
 void Control::ToolTip(std::string_view text) {

@@ -53,6 +53,8 @@ class Control {
   ControlKind Kind() const { return m_kind; }
   const std::string& Name() const { return m_name; }
   Container* Parent() const { return m_parent; }
+  /// The control is that one or stands somewhere in it.
+  bool IsWithin(const Control& other) const;
   /// The form the control stands on.
   Form& Owner() const;
 
@@ -72,7 +74,12 @@ class Control {
   void Enabled(bool enabled);
   bool Visible() const { return m_visible; }
   void Visible(bool visible);
-  /// Enabled and visible, and so is everything around it, the shown page included.
+  /// The control and every container up to the form have not been disabled. The form's own flag does not count here,
+  /// nor in `ShownByAll`: its window is the platform's.
+  bool EnabledByAll() const;
+  /// The control and every container up to the form are visible, and a page among them is the shown one.
+  bool ShownByAll() const;
+  /// Enabled and visible, and so is everything around it, the form and the shown page included.
   bool Usable() const;
   const std::string& ToolTip() const { return m_toolTip; }
   void ToolTip(std::string_view text);

@@ -63,12 +63,7 @@ bool Press(CommandButton* button) {
   return true;
 }
 
-/// Enter is a line break in a text of several lines that can be changed.
-bool TakesLineBreaks(const Control* control) {
-  if (!control || control->Kind() != ControlKind::TextBox) return false;
-  const auto& box = static_cast<const TextBox&>(*control);
-  return box.MultiLine() && !box.ReadOnly();
-}
+bool IsStop(const Control* control) { return control->Usable() && control->TabStop(); }
 
 }  // namespace
 
@@ -176,25 +171,27 @@ void Form::SetPlacement(const Placement& placement) {
 }
 
 Control* Form::ActiveControl() const {
-  if (!m_active) return NextThatTakesFocus(nullptr);
+  if (!m_active) return NextStop(nullptr);
   const auto all = Descendants();
-  if (std::find(all.begin(), all.end(), m_active) == all.end()) return NextThatTakesFocus(nullptr);
-  return m_active->TakesFocus() ? m_active : NextThatTakesFocus(m_active);
+  if (std::find(all.begin(), all.end(), m_active) == all.end()) return NextStop(nullptr);
+  return m_active->TakesFocus() ? m_active : NextStop(m_active);
 }
 
 std::vector<Control*> Form::TabOrder() const {
   auto order = Descendants();
-  std::erase_if(order, [](const Control* control) { return !control->Usable() || !control->TabStop(); });
+  std::erase_if(order, [](const Control* control) { return !IsStop(control); });
   return order;
 }
 
-Control* Form::NextThatTakesFocus(const Control* after) const {
-  // The controls behind `after` first, then those before it.
+Control* Form::NextTabStop(bool backwards) const { return NextStop(ActiveControl(), backwards); }
+
+Control* Form::NextStop(const Control* after, bool backwards) const {
   auto all = Descendants();
+  if (backwards) std::reverse(all.begin(), all.end());
+  // What the search begins at need not be a stop itself: an option button with the focus, a label with an access key.
   const auto self = std::find(all.begin(), all.end(), after);
   if (self != all.end()) std::rotate(all.begin(), std::next(self), all.end());
-  const auto found =
-      std::find_if(all.begin(), all.end(), [](const Control* c) { return c->TabStop() && c->TakesFocus(); });
+  const auto found = std::find_if(all.begin(), all.end(), &IsStop);
   return found == all.end() ? nullptr : *found;
 }
 
@@ -204,7 +201,7 @@ Control* Form::AccessKeyTarget(char letter) const {
     if (HasUsableTab(*control) || control->TakesFocus()) return control;
     const auto names = control->Kind() == ControlKind::Label || control->Kind() == ControlKind::Frame;
     if (!names || !control->Usable()) continue;
-    if (auto* next = NextThatTakesFocus(control)) return next;
+    if (auto* next = NextStop(control)) return next;
   }
   return nullptr;
 }
@@ -221,6 +218,11 @@ bool Form::PeerAccessKey(char letter) {
   return true;
 }
 
+CommandButton* Form::EnterButton(Control* focused) const {
+  const auto onButton = focused && focused->Kind() == ControlKind::CommandButton;
+  return onButton ? static_cast<CommandButton*>(focused) : m_default;
+}
+
 bool Form::PeerKey(const KeyPress& press) {
   auto* active = ActiveControl();
   if (active && active->KeyDown) {
@@ -229,8 +231,7 @@ bool Form::PeerKey(const KeyPress& press) {
   }
   if (press.key == Key::Escape) return Press(m_cancel);
   if (press.key != Key::Enter || TakesLineBreaks(active)) return false;
-  const auto onButton = active && active->Kind() == ControlKind::CommandButton;
-  return Press(onButton ? static_cast<CommandButton*>(active) : m_default);
+  return Press(EnterButton(active));
 }
 
 void Form::ShowCritical(std::string_view text) {

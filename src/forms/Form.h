@@ -43,6 +43,9 @@ class Form : public Container {
   /// Enter presses the default button unless another button has the focus, Escape the cancel button. May be null.
   CommandButton* DefaultButton() const { return m_default; }
   CommandButton* CancelButton() const { return m_cancel; }
+  /// The button that Enter presses while `focused`, which may be null, has the focus: that one itself when it is a
+  /// button, otherwise the default button. May be null.
+  CommandButton* EnterButton(Control* focused) const;
 
   const LayoutNode* Layout() const { return m_layout ? &*m_layout : nullptr; }
 
@@ -74,6 +77,9 @@ class Form : public Container {
   void ActiveControl(Control* control) { m_active = control; }
   /// All controls at which Tab stops now, in tab order.
   std::vector<Control*> TabOrder() const;
+  /// Where Tab goes from the active control, or Shift and Tab when `backwards`: to the nearest stop in the order of
+  /// making, round at the ends. Null when there is none.
+  Control* NextTabStop(bool backwards) const;
 
   Toolkit& GetToolkit() const { return m_toolkit; }
   /// A message box over this form with the critical icon, one OK button and the title "Vantix".
@@ -112,7 +118,7 @@ class Form : public Container {
   void EnsurePeer();
   void DropPeer();
   void DetachControls();
-  Control* NextThatTakesFocus(const Control* after) const;
+  Control* NextStop(const Control* after, bool backwards = false) const;
 
   Toolkit& m_toolkit;
   std::string m_tag;

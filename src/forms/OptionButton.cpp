@@ -1,5 +1,7 @@
 #include "forms/OptionButton.h"
 
+#include <algorithm>
+
 namespace pellora {
 
 OptionButton::OptionButton(Container& parent, std::string_view name, std::string_view caption)
@@ -34,6 +36,18 @@ std::vector<OptionButton*> OptionButton::Group() const {
 
 void OptionButton::PeerClick() {
   if (Usable()) Value(true);
+}
+
+void OptionButton::PeerStep(int direction) {
+  auto group = Group();
+  std::erase_if(group, [](const OptionButton* option) { return !option->Usable(); });
+  const auto self = std::find(group.begin(), group.end(), this);
+  if (self == group.end()) return;
+  const auto count = static_cast<int>(group.size());
+  const auto next = (static_cast<int>(self - group.begin()) + direction + count) % count;
+  auto& option = *group[static_cast<std::size_t>(next)];
+  option.SetFocus();
+  option.PeerClick();
 }
 
 void OptionButton::DeselectOthers() {

@@ -25,6 +25,9 @@ class OptionButton : public Control {
 
   /// The user has chosen this one.
   void PeerClick();
+  /// The user has pressed an arrow key at this one: the next usable one of the group, or with -1 the one before, gets
+  /// the focus and is chosen, round at the ends.
+  void PeerStep(int direction);
 
  private:
   void DeselectOthers();

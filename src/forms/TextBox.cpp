@@ -22,4 +22,10 @@ void TextBox::Store(std::string_view text, bool fromPeer) {
   Raise(Change);
 }
 
+bool TakesLineBreaks(const Control* control) {
+  if (!control || control->Kind() != ControlKind::TextBox) return false;
+  const auto& box = static_cast<const TextBox&>(*control);
+  return box.MultiLine() && !box.ReadOnly();
+}
+
 }  // namespace pellora

@@ -41,4 +41,7 @@ class TextBox : public Control {
   bool m_allSelected = false;
 };
 
+/// Enter is a line break there: in a text of several lines that can be changed. `control` may be null.
+bool TakesLineBreaks(const Control* control);
+
 }  // namespace pellora

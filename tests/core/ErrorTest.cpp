@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
+#include <stdexcept>
+
 namespace pellora {
 namespace {
 
@@ -30,6 +33,40 @@ TEST(CodeFromNumber, InvertsTheNumbersThatMacrosSee) {
 TEST(StandardDescription, UnknownNumbersHaveTheGeneralText) {
   EXPECT_EQ(StandardDescription(13), "Type mismatch");
   EXPECT_EQ(StandardDescription(1004), "Application-defined or object-defined error");
+}
+
+/// What `CaughtError` makes of an exception.
+template <class Exception>
+Error ErrorFor(const Exception& thrown, std::string_view source = {}) {
+  try {
+    throw thrown;
+  } catch (...) {
+    return CaughtError(source);
+  }
+}
+
+TEST(CaughtError, AnErrorStaysAsItIs) {
+  const auto error = ErrorFor(Error(1004, "Range", "Refused"), "Elsewhere");
+  EXPECT_EQ(error.Number(), 1004);
+  EXPECT_EQ(error.Source(), "Range");
+  EXPECT_EQ(error.Description(), "Refused");
+}
+
+TEST(CaughtError, MemoryThatRanOutHasItsOwnNumber) {
+  EXPECT_EQ(ErrorFor(std::bad_alloc()).Number(), errors::OutOfMemory);
+  EXPECT_EQ(ErrorFor(std::bad_alloc()).Description(), "Out of memory");
+}
+
+TEST(CaughtError, AnotherStandardExceptionIsAnInternalErrorWithItsText) {
+  const auto error = ErrorFor(std::runtime_error("No such row"), "Here");
+  EXPECT_EQ(error.Number(), errors::InternalError);
+  EXPECT_EQ(error.Source(), "Here");
+  EXPECT_EQ(error.Description(), "No such row");
+}
+
+TEST(CaughtError, WhateverElseWasThrownIsAnInternalError) {
+  EXPECT_EQ(ErrorFor(42).Number(), errors::InternalError);
+  EXPECT_EQ(ErrorFor(42).Description(), "Internal error");
 }
 
 }  // namespace

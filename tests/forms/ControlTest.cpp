@@ -33,6 +33,18 @@ TEST_F(ControlTest, AControlKnowsItsFormThroughItsContainers) {
   EXPECT_EQ(box.Parent(), &frame);
 }
 
+TEST_F(ControlTest, AControlIsWithinItselfAndAllThatIsAroundIt) {
+  EXPECT_TRUE(box.IsWithin(box));
+  EXPECT_TRUE(box.IsWithin(frame));
+  EXPECT_TRUE(box.IsWithin(form));
+}
+
+TEST_F(ControlTest, AControlIsNotWithinWhatStandsInItOrBesideIt) {
+  CheckBox beside(form, "chkBeside", "Beside");
+  EXPECT_FALSE(frame.IsWithin(box));
+  EXPECT_FALSE(beside.IsWithin(frame));
+}
+
 TEST_F(ControlTest, ADestroyedControlLeavesItsContainer) {
   { CheckBox passing(form, "chkPassing", "Passing"); }
   EXPECT_EQ(form.Children(), std::vector<Control*>{&frame});
@@ -69,6 +81,36 @@ TEST_F(ControlTest, AControlIsUsableOnlyWithAllThatIsAroundIt) {
   frame.Enabled(true);
   frame.Visible(false);
   EXPECT_FALSE(box.Usable());
+}
+
+TEST_F(ControlTest, ADisabledContainerDisablesAControlAndDoesNotHideIt) {
+  frame.Enabled(false);
+  EXPECT_FALSE(box.EnabledByAll());
+  EXPECT_TRUE(box.ShownByAll());
+}
+
+TEST_F(ControlTest, AHiddenContainerHidesAControlAndDoesNotDisableIt) {
+  frame.Visible(false);
+  EXPECT_FALSE(box.ShownByAll());
+  EXPECT_TRUE(box.EnabledByAll());
+}
+
+TEST_F(ControlTest, AFormsOwnFlagsCountForUseOnly) {
+  form.Enabled(false);
+  form.Visible(false);
+  EXPECT_FALSE(box.Usable());
+  EXPECT_TRUE(box.EnabledByAll());
+  EXPECT_TRUE(box.ShownByAll());
+}
+
+TEST_F(ControlTest, AControlIsShownWithItsPageOnly) {
+  Pages pages(form, "tabAll");
+  Page first(pages, "pagFirst", "First");
+  Page second(pages, "pagSecond", "Second");
+  CheckBox onSecond(second, "chkSecond", "Second");
+  EXPECT_FALSE(onSecond.ShownByAll());
+  pages.CurrentPage(1);
+  EXPECT_TRUE(onSecond.ShownByAll());
 }
 
 TEST_F(ControlTest, AControlOnAPageThatIsNotShownIsNotUsable) {

@@ -59,6 +59,44 @@ TEST_F(Keyboard, TabPassesOverWhatCannotBeUsed) {
   EXPECT_EQ(TabNames().front(), "chkSize");
 }
 
+TEST_F(Keyboard, TabGoesToTheNextStop) {
+  text.SetFocus();
+  EXPECT_EQ(form.NextTabStop(false), &bid);
+}
+
+TEST_F(Keyboard, BehindTheLastStopTabGoesToTheFirst) {
+  other.SetFocus();
+  EXPECT_EQ(form.NextTabStop(false), &text);
+}
+
+TEST_F(Keyboard, BackwardsTabGoesToTheStopBefore) {
+  size.SetFocus();
+  EXPECT_EQ(form.NextTabStop(true), &bid);
+}
+
+TEST_F(Keyboard, BeforeTheFirstStopTabGoesBackToTheLast) {
+  text.SetFocus();
+  EXPECT_EQ(form.NextTabStop(true), &other);
+}
+
+TEST_F(Keyboard, FromAnOptionThatIsNoStopTabGoesToWhatIsNextToIt) {
+  ask.SetFocus();
+  EXPECT_EQ(form.NextTabStop(false), &size);
+  EXPECT_EQ(form.NextTabStop(true), &bid);
+}
+
+TEST_F(Keyboard, FromTheOnlyStopTabGoesToItAgain) {
+  for (Control* control : {static_cast<Control*>(&frame), static_cast<Control*>(&size), static_cast<Control*>(&ok),
+                           static_cast<Control*>(&cancel), static_cast<Control*>(&other)})
+    control->Enabled(false);
+  EXPECT_EQ(form.NextTabStop(false), &text);
+}
+
+TEST_F(Keyboard, WithoutAStopTabGoesNowhere) {
+  PlainForm empty(toolkit);
+  EXPECT_EQ(empty.NextTabStop(false), nullptr);
+}
+
 TEST_F(Keyboard, TheFirstTabStopIsActiveAtFirst) { EXPECT_EQ(form.ActiveControl(), &text); }
 
 TEST_F(Keyboard, WhenTheActiveControlIsDisabledTheNextOneIsActive) {
@@ -100,6 +138,12 @@ TEST_F(Keyboard, EnterAtAnotherButtonPressesThatButton) {
   other.SetFocus();
   form.PeerKey({Key::Enter});
   EXPECT_EQ(pressed, "other ");
+}
+
+TEST_F(Keyboard, TheButtonOfEnterIsTheOneWithTheFocusOtherwiseTheDefaultButton) {
+  EXPECT_EQ(form.EnterButton(&other), &other);
+  EXPECT_EQ(form.EnterButton(&text), &ok);
+  EXPECT_EQ(form.EnterButton(nullptr), &ok);
 }
 
 TEST_F(Keyboard, EscapePressesTheCancelButtonWhereverTheFocusIs) {

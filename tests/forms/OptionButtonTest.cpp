@@ -62,6 +62,35 @@ TEST_F(OptionButtonTest, ClickingTheSelectedOneRaisesNothing) {
   EXPECT_EQ(raised, "first ");
 }
 
+TEST_F(OptionButtonTest, AnArrowKeyFocusesAndSelectsTheNextOneRoundAtTheEnds) {
+  first.SetFocus();
+  first.PeerStep(1);
+  EXPECT_EQ(form.ActiveControl(), &second);
+  EXPECT_TRUE(second.Value());
+  second.PeerStep(1);
+  EXPECT_EQ(form.ActiveControl(), &first);
+  EXPECT_EQ(raised, "second first ");
+}
+
+TEST_F(OptionButtonTest, BackwardsFromTheFirstOneComesTheLast) {
+  first.SetFocus();
+  first.PeerStep(-1);
+  EXPECT_TRUE(second.Value());
+}
+
+TEST_F(OptionButtonTest, AnArrowKeyPassesOverWhatCannotBeUsed) {
+  OptionButton third(frame, "OptThird", "Third");
+  second.Enabled(false);
+  first.PeerStep(1);
+  EXPECT_TRUE(third.Value());
+}
+
+TEST_F(OptionButtonTest, AnArrowKeyAtOneThatCannotBeUsedAnyMoreDoesNothing) {
+  first.Enabled(false);
+  first.PeerStep(1);
+  EXPECT_FALSE(second.Value());
+}
+
 TEST_F(OptionButtonTest, BothPeersAreTold) {
   first.Value(true);
   first.AttachPeer(std::make_unique<RecordingPeer>(told));

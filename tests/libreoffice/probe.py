@@ -11,15 +11,19 @@ look from outside would be thousands of calls. Commands, as arguments of `execut
 """
 
 import json
-import threading
+import os
+import sys
 
 import unohelper  # it also lets the next lines find the types of the program
 from com.sun.star.accessibility import AccessibleRole as Role
 from com.sun.star.accessibility import AccessibleStateType as State
-from com.sun.star.awt import XCallback
 from com.sun.star.task import XJob
 from com.sun.star.uno import Exception as UnoException
 from com.sun.star.uno import RuntimeException
+
+# The program knows the place of its components, and not that of what they import.
+sys.path.append(os.path.dirname(__file__))
+from main_thread import Task  # noqa: E402
 
 # The other probe's names of what windows hold, and the style that tells its buttons apart.
 KINDS = {
@@ -43,27 +47,6 @@ HEADER_LINE = "ColumnHeaderBar"
 PATIENCE = 1.5
 
 
-class Look(unohelper.Base, XCallback):
-    """A look on the program's main thread: from another one it would meet windows that are just being destroyed."""
-
-    def __init__(self, look):
-        self.look = look
-        self.answer = None
-        self.begun = threading.Lock()
-        self.done = threading.Event()
-
-    def notify(self, data):
-        if self.begun.acquire(blocking=False):
-            self.take()
-
-    def take(self):
-        try:
-            self.answer = self.look()
-        except Exception as error:  # noqa: BLE001, what goes wrong is the other thread's
-            self.answer = error
-        self.done.set()
-
-
 class Probe(unohelper.Base, XJob):
     def __init__(self, context):
         self.main_thread = context.ServiceManager.createInstanceWithContext("com.sun.star.awt.AsyncCallback", context)
@@ -73,10 +56,10 @@ class Probe(unohelper.Base, XJob):
 
     def execute(self, arguments):
         command, *words = (argument.Value for argument in arguments)
-        look = Look(lambda: getattr(self, command)(*words))
+        look = Task(lambda: getattr(self, command)(*words))
         self.main_thread.addCallback(look, None)
         # A macro that waits lets nothing else run there; then nothing is being destroyed either.
-        if not look.done.wait(PATIENCE) and look.begun.acquire(blocking=False):
+        if not look.done.wait(PATIENCE):
             look.take()
         look.done.wait()
         if isinstance(look.answer, Exception):

@@ -11,6 +11,7 @@
 #include "support/CErrorHandler.h"
 #include "support/Platform.h"
 #include "support/mGlobal.h"
+#include "tests/FormPeerOver.h"
 #include "workbook/Host.h"
 
 namespace pellora::protocol {
@@ -136,23 +137,16 @@ class WatchedClock : public Clock {
 
 /// A form's window. Only what may raise is watched: a placement that the system does not tell or take is no failure,
 /// and ending a showing never fails.
-class WatchedFormPeer : public FormPeer {
+class WatchedFormPeer : public tests::FormPeerOver {
  public:
-  WatchedFormPeer(std::unique_ptr<FormPeer> inner, Outside& outside) : m_inner(std::move(inner)), m_outside(outside) {}
+  WatchedFormPeer(std::unique_ptr<FormPeer> inner, Outside& outside)
+      : FormPeerOver(std::move(inner)), m_outside(outside) {}
   void ShowModal() override {
     m_outside.EnterOrRaise("Toolkit.ShowModal", false);
-    m_inner->ShowModal();
+    FormPeerOver::ShowModal();
   }
-  void EndModal() override { m_inner->EndModal(); }
-  void CaptionChanged() override { m_inner->CaptionChanged(); }
-  std::optional<Placement> GetPlacement() override { return m_inner->GetPlacement(); }
-  bool SetPlacement(const Placement& placement) override { return m_inner->SetPlacement(placement); }
-  Rect Desktop() override { return m_inner->Desktop(); }
-  Size OuterSize() override { return m_inner->OuterSize(); }
-  void BringToFront() override { m_inner->BringToFront(); }
 
  private:
-  std::unique_ptr<FormPeer> m_inner;
   Outside& m_outside;
 };
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "forms/Placing.h"
+
 namespace pellora::headless {
 namespace {
 
@@ -22,12 +24,6 @@ class HeadlessControlPeer : public ControlPeer {
   HeadlessFormPeer& m_form;
   Control& m_control;
 };
-
-Rect Centred(Size size, const Rect& desktop) {
-  const auto left = desktop.left + (desktop.Width() - size.width) / 2;
-  const auto top = desktop.top + (desktop.Height() - size.height) / 2;
-  return {left, top, left + size.width, top + size.height};
-}
 
 }  // namespace
 
@@ -69,11 +65,7 @@ Size HeadlessFormPeer::OuterSize() {
   return {m_client.width + frame.width, m_client.height + frame.height};
 }
 
-Size HeadlessFormPeer::LeastClient() const {
-  const auto margin = 2 * m_measurer.Scale(kFormMargin);
-  const auto content = m_form.Layout() ? MeasureLayout(*m_form.Layout(), m_measurer) : Size{};
-  return {content.width + margin, content.height + margin};
-}
+Size HeadlessFormPeer::LeastClient() const { return pellora::LeastClient(m_form, m_measurer); }
 
 void HeadlessFormPeer::Resize(Size client) {
   const auto least = LeastClient();

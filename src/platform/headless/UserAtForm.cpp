@@ -55,16 +55,6 @@ bool ChooseByPrefix(Control& control, std::string_view text) {
   return false;
 }
 
-/// The option of the same group, `step` places on, that can be used.
-OptionButton* NextOption(const OptionButton& option, int step) {
-  auto group = option.Group();
-  std::erase_if(group, [](const OptionButton* o) { return !o->Usable(); });
-  const auto self = std::find(group.begin(), group.end(), &option);
-  if (self == group.end()) return nullptr;
-  const auto count = static_cast<int>(group.size());
-  return group[static_cast<std::size_t>((self - group.begin() + step + count) % count)];
-}
-
 /// What an arrow key does at a control.
 void Move(Control& control, int step) {
   if (auto* list = dynamic_cast<ListControl*>(&control)) {
@@ -72,10 +62,7 @@ void Move(Control& control, int step) {
   } else if (auto* grid = dynamic_cast<Grid*>(&control)) {
     if (grid->Rows() > 1) grid->PeerRow(std::clamp(grid->Row() + step, 1, grid->Rows() - 1), grid->Col());
   } else if (auto* option = dynamic_cast<OptionButton*>(&control)) {
-    if (auto* next = NextOption(*option, step)) {
-      next->SetFocus();
-      next->PeerClick();
-    }
+    option->PeerStep(step);
   }
 }
 
@@ -113,19 +100,7 @@ void UserAtForm::SelectRow(std::string_view name, int row, int column) const {
 
 void UserAtForm::PressTab(bool backwards) const {
   CheckShown();
-  const auto order = m_form.TabOrder();
-  if (order.empty()) return;
-  const auto all = m_form.Descendants();
-  auto place = [&](const Control* control) { return std::find(all.begin(), all.end(), control); };
-  const auto self = place(m_form.ActiveControl());
-  // An option button that has the focus need not be a tab stop itself: places count, not membership.
-  if (backwards) {
-    const auto before = std::find_if(order.rbegin(), order.rend(), [&](const Control* c) { return place(c) < self; });
-    (before == order.rend() ? order.back() : *before)->SetFocus();
-  } else {
-    const auto behind = std::find_if(order.begin(), order.end(), [&](const Control* c) { return place(c) > self; });
-    (behind == order.end() ? order.front() : *behind)->SetFocus();
-  }
+  if (auto* next = m_form.NextTabStop(backwards)) next->SetFocus();
 }
 
 void UserAtForm::PressEnter() const { PressKey({Key::Enter}); }

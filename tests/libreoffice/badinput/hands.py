@@ -14,35 +14,24 @@ does, and uses the windows that come up there by their controls. Commands, as ar
 
 import json
 import os
-import threading
+import sys
 import time
 
 import unohelper  # it also lets the next lines find the types of the program
 from com.sun.star.accessibility import AccessibleRole as Role
 from com.sun.star.accessibility import AccessibleStateType as State
-from com.sun.star.awt import XCallback
 from com.sun.star.task import XJob
 from com.sun.star.uno import Exception as UnoException
 from com.sun.star.uno import RuntimeException
+
+# The program knows the place of its components, and not that of what they import.
+sys.path.append(os.path.dirname(os.path.dirname(__file__)))
+from main_thread import Task  # noqa: E402
 
 DIALOGS = (Role.DIALOG, Role.ALERT, Role.OPTION_PANE)
 BUTTONS = (Role.PUSH_BUTTON, Role.CHECK_BOX, Role.RADIO_BUTTON)
 # How long, in seconds, the main thread may be busy.
 PATIENCE = 3
-
-
-class Later(unohelper.Base, XCallback):
-    def __init__(self, action):
-        self.action = action
-        self.answer = None
-        self.done = threading.Event()
-
-    def notify(self, data):
-        try:
-            self.answer = self.action()
-        except Exception as error:  # noqa: BLE001, what goes wrong is the other thread's
-            self.answer = error
-        self.done.set()
 
 
 class Hands(unohelper.Base, XJob):
@@ -59,7 +48,7 @@ class Hands(unohelper.Base, XJob):
         return self.on_main(lambda: getattr(self, command)(*words))
 
     def on_main(self, action):
-        later = Later(action)
+        later = Task(action)
         self.main_thread.addCallback(later, None)
         if not later.done.wait(PATIENCE):
             raise RuntimeException("the main thread is busy", self)
@@ -70,7 +59,7 @@ class Hands(unohelper.Base, XJob):
     def start(self, script, arguments):
         def run():
             return script.invoke(tuple(arguments), (), ())[0]
-        self.started.append(Later(run))
+        self.started.append(Task(run))
         self.main_thread.addCallback(self.started[-1], None)
         return len(self.started) - 1
 
@@ -96,7 +85,7 @@ class Hands(unohelper.Base, XJob):
     def press(self, title, caption):
         button = self._control(title, lambda one: one.getAccessibleRole() == Role.PUSH_BUTTON and _plain(one) == caption)
         # One that has gone meanwhile does nothing any more.
-        self.main_thread.addCallback(Later(lambda: button.doAccessibleAction(0)), None)
+        self.main_thread.addCallback(Task(lambda: button.doAccessibleAction(0)), None)
 
     def check(self, title, caption):
         self._control(title, lambda one: one.getAccessibleRole() in BUTTONS and _plain(one) == caption).doAccessibleAction(0)

@@ -1,11 +1,12 @@
 #include <gmock/gmock.h>
 
+#include "tests/forms/SampleForm.h"
 #include "tests/libreoffice/forms/Hands.h"
-#include "tests/libreoffice/forms/SampleForm.h"
 
 namespace pellora::libreoffice {
 namespace {
 
+using test::SampleForm;
 using testing::ElementsAre;
 using testing::IsEmpty;
 

@@ -1,12 +1,13 @@
 #include <gmock/gmock.h>
 
 #include "platform/libreoffice/forms/Control.h"
+#include "tests/forms/SampleForm.h"
 #include "tests/libreoffice/forms/Hands.h"
-#include "tests/libreoffice/forms/SampleForm.h"
 
 namespace pellora::libreoffice {
 namespace {
 
+using test::SampleForm;
 using testing::ElementsAre;
 
 class Keyboard : public OfficeFormTest {

@@ -3,11 +3,13 @@
 #include <optional>
 #include <utility>
 
+#include "tests/forms/SampleForm.h"
 #include "tests/libreoffice/forms/Hands.h"
-#include "tests/libreoffice/forms/SampleForm.h"
 
 namespace pellora::libreoffice {
 namespace {
+
+using test::SampleForm;
 
 constexpr auto kTitle = "The title";
 

@@ -12,13 +12,14 @@
 #include <memory>
 
 #include "platform/libreoffice/forms/Form.h"
+#include "tests/forms/SampleForm.h"
 #include "tests/libreoffice/forms/Hands.h"
-#include "tests/libreoffice/forms/SampleForm.h"
 #include "tests/libreoffice/runner/Runner.h"
 
 namespace pellora::libreoffice {
 namespace {
 
+using test::SampleForm;
 using testing::ElementsAre;
 
 uno::Reference<com::sun::star::frame::XDesktop2> Desktop() {

@@ -3,11 +3,13 @@
 #include <optional>
 
 #include "platform/libreoffice/forms/Form.h"
+#include "tests/forms/SampleForm.h"
 #include "tests/libreoffice/forms/Hands.h"
-#include "tests/libreoffice/forms/SampleForm.h"
 
 namespace pellora::libreoffice {
 namespace {
+
+using test::SampleForm;
 
 class Placing : public OfficeFormTest {
  protected:

@@ -7,12 +7,14 @@
 
 #include "platform/libreoffice/forms/Window.h"
 #include "platform/libreoffice/uno/Text.h"
+#include "tests/forms/SampleForm.h"
 #include "tests/libreoffice/forms/Hands.h"
-#include "tests/libreoffice/forms/SampleForm.h"
 #include "tests/libreoffice/runner/Runner.h"
 
 namespace pellora::libreoffice {
 namespace {
+
+using test::SampleForm;
 
 namespace accessibility = com::sun::star::accessibility;
 

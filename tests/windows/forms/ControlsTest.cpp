@@ -1,5 +1,4 @@
-#include "Hands.h"
-#include "SampleForm.h"
+#include "SampleFormTest.h"
 #include "forms/ListItems.h"
 #include "forms/Pages.h"
 #include "platform/windows/forms/Fonts.h"
@@ -8,25 +7,16 @@
 namespace pellora::windows {
 namespace {
 
+using test::SampleForm;
 using Events = std::vector<std::string>;
 
-class Controls : public WindowsFormTest {
+class Controls : public SampleFormTest {
  protected:
-  void Play(const std::function<void(Hands&)>& part) {
-    const Player player([&](Hands& hands) {
-      const auto window = hands.WaitFor(form);
-      Until([&] { return hands.Has(*form.ActiveControl()); });
-      part(hands);
-      hands.Close(window);
-    });
-    form.Show();
-  }
   std::wstring TextIn(const Control& control) { return TextOf(Hands::Of(control)); }
   static int Marked(const Control& combo) {
     const auto selection = static_cast<DWORD>(::SendMessageW(Hands::Of(combo), CB_GETEDITSEL, 0, 0));
     return HIWORD(selection) - LOWORD(selection);
   }
-  SampleForm form{toolkit};
 };
 
 TEST_F(Controls, TypingIsHeardLetterByLetter) {
@@ -47,7 +37,7 @@ TEST_F(Controls, ATextSetByCodeIsHeardOnce) {
 TEST_F(Controls, AClickTicksTheBoxOnce) {
   Play([&](Hands& hands) { hands.Click(form.chk); });
   EXPECT_EQ(form.chk.Value(), 1);
-  EXPECT_EQ(form.events, Events{"chk"});
+  EXPECT_EQ(form.events, Events{"chk:1"});
 }
 
 TEST_F(Controls, AGreyedBoxShowsGreyedAndAClickUnticksIt) {
@@ -121,7 +111,7 @@ TEST_F(Controls, ArrowsChooseInAList) {
     hands.Press(VK_DOWN);
   });
   EXPECT_EQ(form.lst.ListIndex(), 1);
-  EXPECT_EQ(form.events, Events{"lst"});
+  EXPECT_EQ(form.events, Events{"lst:1"});
 }
 
 TEST_F(Controls, ItemsMovedByCodeAreShown) {

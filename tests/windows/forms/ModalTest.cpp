@@ -1,14 +1,16 @@
 #include <array>
 
 #include "Hands.h"
-#include "SampleForm.h"
 #include "core/Error.h"
 #include "platform/windows/forms/Owners.h"
+#include "tests/forms/SampleForm.h"
 
 namespace pellora::windows {
 namespace {
 
+using test::SampleForm;
 using testing::Test;
+
 class Modal : public WindowsFormTest {
  protected:
   static HWND HostWindow(const wchar_t* title, DWORD style = 0) {

@@ -1,8 +1,10 @@
 #include "Hands.h"
-#include "SampleForm.h"
+#include "tests/forms/SampleForm.h"
 
 namespace pellora::windows {
 namespace {
+
+using test::SampleForm;
 
 class PlacementOnScreen : public WindowsFormTest {
  protected:

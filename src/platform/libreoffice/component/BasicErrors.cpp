@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <com/sun/star/lang/WrappedTargetException.hpp>
 #include <iterator>
-#include <new>
 #include <string>
 
 #include "platform/libreoffice/uno/Text.h"
@@ -36,16 +35,10 @@ std::string PlainText(const Error& error) {
 Error Caught() noexcept try {
   try {
     throw;
-  } catch (const Error& error) {
-    return error;
-  } catch (const std::bad_alloc&) {
-    return Error(errors::OutOfMemory);
-  } catch (const std::exception& other) {
-    return Error(errors::InternalError, {}, other.what());
   } catch (const uno::Exception& other) {
     return Error(errors::InternalError, {}, Narrow(other.Message));
   } catch (...) {
-    return Error(errors::InternalError);
+    return CaughtError();
   }
 } catch (...) {
   return Error(errors::OutOfMemory, {}, {});

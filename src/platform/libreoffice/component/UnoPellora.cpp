@@ -4,10 +4,10 @@
 #include <com/sun/star/beans/theIntrospection.hpp>
 #include <com/sun/star/lang/IllegalArgumentException.hpp>
 #include <cppuhelper/queryinterface.hxx>
-#include <iterator>
 #include <utility>
 #include <vector>
 
+#include "automation/ArgumentOrder.h"
 #include "core/Convert.h"
 #include "platform/libreoffice/component/BasicErrors.h"
 #include "platform/libreoffice/component/CallArguments.h"
@@ -23,25 +23,6 @@ namespace beans = com::sun::star::beans;
 namespace lang = com::sun::star::lang;
 namespace script = com::sun::star::script;
 namespace reflection = com::sun::star::reflection;
-
-constexpr std::int16_t QuoteFields::*kFields[] = {
-    &QuoteFields::AskPrice,   &QuoteFields::AskSize,  &QuoteFields::BidPrice,  &QuoteFields::BidSize,
-    &QuoteFields::ClosePrice, &QuoteFields::HighTick, &QuoteFields::LastPrice, &QuoteFields::LastSize,
-    &QuoteFields::LowTick,    &QuoteFields::Volume,
-};
-
-/// A text of a contract with its place among the arguments.
-struct ContractText {
-  std::string ContractRecord::*text;
-  std::size_t place;
-};
-
-constexpr ContractText kTexts[] = {
-    {&ContractRecord::Symbol, 0},       {&ContractRecord::TypeSymbol, 1}, {&ContractRecord::Expiry, 2},
-    {&ContractRecord::Right, 4},        {&ContractRecord::Exchange, 6},   {&ContractRecord::PrimaryExchange, 7},
-    {&ContractRecord::TypeCurrency, 8},
-};
-constexpr std::size_t kStrike = 3, kMultiplier = 5, kComTypeListIndex = 9;
 
 // A reference to nothing stands for a null value elsewhere in the program; here it lets an application go.
 Variant ApplicationIn(const uno::Any& value, const uno::Reference<uno::XComponentContext>& context) {
@@ -317,23 +298,23 @@ uno::Any UnoPellora::Call(const ClassMember& member, CallArguments& arguments, b
 
 uno::Any UnoPellora::CallCreateNewProject(CallArguments& arguments, bool& writesBack) {
   QuoteFields fields;
-  for (std::size_t i = 0; i < std::size(kFields); ++i) fields.*kFields[i] = arguments.Integer(i);
+  for (std::size_t i = 0; i < kQuoteFieldOrder.size(); ++i) fields.*kQuoteFieldOrder[i] = arguments.Integer(i);
   writesBack = Object().CreateNewProject(fields);
-  for (std::size_t i = 0; i < std::size(kFields); ++i) arguments.Put(i, fields.*kFields[i]);
+  for (std::size_t i = 0; i < kQuoteFieldOrder.size(); ++i) arguments.Put(i, fields.*kQuoteFieldOrder[i]);
   return uno::Any(writesBack);
 }
 
 uno::Any UnoPellora::CallAddNewSymbol(CallArguments& arguments) {
   ContractRecord contract;
-  for (const auto& [text, place] : kTexts) contract.*text = arguments.Text(place);
-  contract.Strike = arguments.Double(kStrike);
-  contract.Multiplier = arguments.Double(kMultiplier);
-  contract.ComTypeListIndex = arguments.Integer(kComTypeListIndex);
+  for (const auto& [text, place] : kContractTextOrder) contract.*text = arguments.Text(place);
+  contract.Strike = arguments.Double(kStrikePlace);
+  contract.Multiplier = arguments.Double(kMultiplierPlace);
+  contract.ComTypeListIndex = arguments.Integer(kComTypeListIndexPlace);
   const sal_Int16 outcome = Object().AddNewSymbol(contract);
-  for (const auto& [text, place] : kTexts) arguments.Put(place, contract.*text);
-  arguments.Put(kStrike, contract.Strike);
-  arguments.Put(kMultiplier, contract.Multiplier);
-  arguments.Put(kComTypeListIndex, contract.ComTypeListIndex);
+  for (const auto& [text, place] : kContractTextOrder) arguments.Put(place, contract.*text);
+  arguments.Put(kStrikePlace, contract.Strike);
+  arguments.Put(kMultiplierPlace, contract.Multiplier);
+  arguments.Put(kComTypeListIndexPlace, contract.ComTypeListIndex);
   return uno::Any(outcome);
 }
 
@@ -385,9 +366,9 @@ sal_Bool UnoPellora::CreateNewProject(sal_Int16& AskPrice, sal_Int16& AskSize, s
                                   &HighTick, &LastPrice, &LastSize, &LowTick, &Volume};
   return RunForCallers([&] {
     QuoteFields fields;
-    for (std::size_t i = 0; i < std::size(kFields); ++i) fields.*kFields[i] = *variables[i];
+    for (std::size_t i = 0; i < kQuoteFieldOrder.size(); ++i) fields.*kQuoteFieldOrder[i] = *variables[i];
     const bool answer = Object().CreateNewProject(fields);
-    for (std::size_t i = 0; answer && i < std::size(kFields); ++i) *variables[i] = fields.*kFields[i];
+    for (std::size_t i = 0; answer && i < kQuoteFieldOrder.size(); ++i) *variables[i] = fields.*kQuoteFieldOrder[i];
     return answer;
   });
 }
@@ -400,12 +381,14 @@ sal_Int16 UnoPellora::AddNewSymbol(rtl::OUString& Symbol, rtl::OUString& TypeSym
                                       &Exchange, &PrimaryExchange, &TypeCurrency};
   return RunForCallers([&] {
     ContractRecord contract;
-    for (std::size_t i = 0; i < std::size(kTexts); ++i) contract.*kTexts[i].text = Narrow(*variables[i]);
+    for (std::size_t i = 0; i < kContractTextOrder.size(); ++i)
+      contract.*kContractTextOrder[i].text = Narrow(*variables[i]);
     contract.Strike = Strike;
     contract.Multiplier = Multiplier;
     contract.ComTypeListIndex = ComTypeListIndex;
     const sal_Int16 outcome = Object().AddNewSymbol(contract);
-    for (std::size_t i = 0; i < std::size(kTexts); ++i) *variables[i] = Wide(contract.*kTexts[i].text);
+    for (std::size_t i = 0; i < kContractTextOrder.size(); ++i)
+      *variables[i] = Wide(contract.*kContractTextOrder[i].text);
     Strike = contract.Strike;
     Multiplier = contract.Multiplier;
     ComTypeListIndex = contract.ComTypeListIndex;

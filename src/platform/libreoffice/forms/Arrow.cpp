@@ -1,32 +1,18 @@
 #include "platform/libreoffice/forms/Arrow.h"
 
 #include <array>
-#include <cmath>
 #include <com/sun/star/beans/PropertyValue.hpp>
 #include <com/sun/star/graphic/GraphicProvider.hpp>
 #include <com/sun/star/io/SequenceInputStream.hpp>
 #include <string>
 #include <string_view>
 
+#include "forms/ArrowShape.h"
+
 namespace pellora::libreoffice {
 namespace {
 
 namespace uno = com::sun::star::uno;
-
-constexpr int kSamples = 4;
-
-/// How much of a pixel the arrow covers, 0 to 255, counted on a grid of samples inside the pixel.
-int Coverage(int x, int y, int side, bool up) {
-  int inside = 0;
-  for (int sy = 0; sy < kSamples; ++sy)
-    for (int sx = 0; sx < kSamples; ++sx) {
-      const double px = (x + (sx + 0.5) / kSamples) / side - 0.5;
-      const double py = (y + (sy + 0.5) / kSamples) / side;
-      const double fromTip = up ? py - 0.3 : 0.7 - py;
-      if (fromTip >= 0 && fromTip <= 0.4 && std::abs(px) <= fromTip * 0.9) ++inside;
-    }
-  return inside * 255 / (kSamples * kSamples);
-}
 
 /// Numbers in pictures of the PNG format have their highest byte first.
 std::string Number(std::uint32_t value) {
@@ -80,7 +66,7 @@ std::string Rows(int side, bool up, std::uint32_t colour) {
     rows += '\0';
     for (int x = 0; x < side; ++x) {
       for (int shift = 16; shift >= 0; shift -= 8) rows += static_cast<char>(colour >> shift & 0xFF);
-      rows += static_cast<char>(Coverage(x, y, side, up));
+      rows += static_cast<char>(ArrowCoverage(x, y, side, up));
     }
   }
   return rows;

@@ -7,16 +7,12 @@
 #include <com/sun/star/awt/XStyleSettingsSupplier.hpp>
 #include <com/sun/star/graphic/XGraphic.hpp>
 
+#include "forms/ArrowShape.h"
 #include "platform/libreoffice/forms/Arrow.h"
 #include "platform/libreoffice/forms/Form.h"
 #include "platform/libreoffice/uno/Text.h"
 
 namespace pellora::libreoffice {
-namespace {
-
-constexpr int kArrowDip = 16;
-
-}  // namespace
 
 CommandButtonPeer::CommandButtonPeer(UnoFormPeer& form, pellora::CommandButton& button) : PeerOf(form, button) {
   Make("pushbutton");

@@ -1,33 +1,11 @@
 #include "platform/libreoffice/forms/Control.h"
 
 #include "forms/Form.h"
-#include "forms/Pages.h"
 #include "platform/libreoffice/forms/Captions.h"
 #include "platform/libreoffice/forms/Form.h"
 #include "platform/libreoffice/uno/Text.h"
 
 namespace pellora::libreoffice {
-namespace {
-
-bool IsOnShownPage(const pellora::Control& control) {
-  if (control.Kind() != ControlKind::Page) return true;
-  const auto& pages = static_cast<const pellora::Pages&>(*control.Parent());
-  return &pages.PageAt(pages.CurrentPage()) == &control;
-}
-
-bool ShownByAll(const pellora::Control& control) {
-  for (auto* c = &control; c->Parent(); c = c->Parent())
-    if (!c->Visible() || !IsOnShownPage(*c)) return false;
-  return true;
-}
-
-bool EnabledByAll(const pellora::Control& control) {
-  for (auto* c = &control; c->Parent(); c = c->Parent())
-    if (!c->Enabled()) return false;
-  return true;
-}
-
-}  // namespace
 
 UnoControlPeer::UnoControlPeer(UnoFormPeer& form, pellora::Control& control)
     : m_form(form), m_control(control), m_ear(new Ear(*this)) {}
@@ -87,8 +65,8 @@ void UnoControlPeer::RestoreCaption() {
 void UnoControlPeer::RefreshState() {
   if (!m_window) return;
   const Silence silence(*this);
-  const auto enabled = EnabledByAll(m_control);
-  const auto visible = ShownByAll(m_control);
+  const auto enabled = m_control.EnabledByAll();
+  const auto visible = m_control.ShownByAll();
   WhileThere([&] {
     if ((m_window.get()->isEnabled() != sal_False) != enabled) m_window.Enable(enabled);
     m_window.Show(visible);
@@ -114,8 +92,8 @@ void UnoControlPeer::FinishMaking() {
   SetAccessibleName();
   // The layout tells of a place only when it is another one, and this window may not be the control's first.
   m_window.Place(m_control.Bounds());
-  m_window.Enable(EnabledByAll(m_control));
-  m_window.Show(ShownByAll(m_control));
+  m_window.Enable(m_control.EnabledByAll());
+  m_window.Show(m_control.ShownByAll());
   WhileThere([&] { m_window.get()->addFocusListener(m_ear.get()); });
 }
 

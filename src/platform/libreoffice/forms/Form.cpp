@@ -139,14 +139,9 @@ void UnoFormPeer::CatchUp() {
 }
 
 void UnoFormPeer::RefreshStates(pellora::Control& changed) {
-  const auto concerns = [&](const pellora::Control* control) {
-    for (; control; control = control->Parent())
-      if (control == &changed) return true;
-    return false;
-  };
   const auto* active = ActivePeer();
   for (auto* peer : std::vector(m_peers))
-    if (concerns(&peer->GetControl())) peer->RefreshState();
+    if (peer->GetControl().IsWithin(changed)) peer->RefreshState();
   RequestLayout();
   // The keyboard would be left with a window that cannot be used any more.
   if (m_up && ActivePeer() != active) FocusActive();

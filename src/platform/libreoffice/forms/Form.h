@@ -94,7 +94,6 @@ class UnoFormPeer : public FormPeer {
   void Resize(Size client);
   void AskForPlace(sal_Int16 parts);
   void LayOut();
-  bool GainsByRoom() const;
   Rect PlaceOver() const;
   Rect WorkArea() const;
   void PlaceByDefault();

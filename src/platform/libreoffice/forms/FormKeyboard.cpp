@@ -38,11 +38,7 @@ char LetterOf(const awt::KeyEvent& key) {
   return key.KeyChar > u' ' && key.KeyChar < 0x7F ? static_cast<char>(key.KeyChar) : '\0';
 }
 
-bool TakesLineBreaks(const UnoControlPeer* peer) {
-  if (!peer || peer->GetControl().Kind() != ControlKind::TextBox) return false;
-  const auto& box = static_cast<const pellora::TextBox&>(peer->GetControl());
-  return box.MultiLine() && !box.ReadOnly();
-}
+bool TakesLineBreaks(const UnoControlPeer* peer) { return peer && pellora::TakesLineBreaks(&peer->GetControl()); }
 
 }  // namespace
 
@@ -90,13 +86,10 @@ bool UnoFormPeer::TranslateAltKey(const awt::KeyEvent& key) {
 }
 
 bool UnoFormPeer::MoveByTab(bool backwards) {
-  auto order = m_form.TabOrder();
-  if (order.empty()) return true;
-  if (backwards) std::reverse(order.begin(), order.end());
-  const auto now = std::find(order.begin(), order.end(), m_form.ActiveControl());
-  auto& next = now == order.end() || std::next(now) == order.end() ? *order.front() : **std::next(now);
-  next.SetFocus();
-  if (auto* peer = static_cast<UnoControlPeer*>(next.Peer())) peer->TabbedTo();
+  auto* next = m_form.NextTabStop(backwards);
+  if (!next) return true;
+  next->SetFocus();
+  if (auto* peer = static_cast<UnoControlPeer*>(next->Peer())) peer->TabbedTo();
   return true;
 }
 
@@ -111,8 +104,7 @@ void UnoFormPeer::FocusMoved(pellora::Control& control) {
 }
 
 void UnoFormPeer::ShowDefault(pellora::Control* focused) {
-  const auto onButton = focused && focused->Kind() == ControlKind::CommandButton;
-  auto* button = onButton ? static_cast<pellora::CommandButton*>(focused) : m_form.DefaultButton();
+  auto* button = m_form.EnterButton(focused);
   auto* peer = button ? static_cast<CommandButtonPeer*>(button->Peer()) : nullptr;
   if (peer == m_shownDefault) return;
   if (m_shownDefault) m_shownDefault->ShowAsDefault(false);

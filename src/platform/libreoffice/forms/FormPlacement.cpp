@@ -3,42 +3,16 @@
 #include <com/sun/star/awt/PosSize.hpp>
 #include <com/sun/star/awt/XDevice.hpp>
 
-#include "forms/TextBox.h"
+#include "forms/Placing.h"
 #include "platform/libreoffice/forms/Form.h"
 #include "platform/libreoffice/forms/Modal.h"
 
 namespace pellora::libreoffice {
 namespace {
 
-/// What a form with lists or long texts gets when it is shown for the first time, in hundredths of its least size.
-constexpr int kComfort = 125;
-/// How much of a caption must be on the desktop for the user to get hold of it.
-constexpr int kGripDip = 32;
 /// Show commands of a placement.
 constexpr int kNormal = 1;
 constexpr int kMaximised = 3;
-
-/// Moves a rectangle inside another; one that is too large keeps its left and top edges inside.
-Rect MovedInside(const Rect& rect, const Rect& area) {
-  const auto left = std::max(area.left, std::min(rect.left, area.right - rect.Width()));
-  const auto top = std::max(area.top, std::min(rect.top, area.bottom - rect.Height()));
-  return {left, top, left + rect.Width(), top + rect.Height()};
-}
-
-Rect Centred(Size size, const Rect& over) {
-  const auto left = over.left + (over.Width() - size.width) / 2;
-  const auto top = over.top + (over.Height() - size.height) / 2;
-  return {left, top, left + size.width, top + size.height};
-}
-
-bool Gains(const pellora::Control* control) {
-  switch (control->Kind()) {
-    case ControlKind::Grid:
-    case ControlKind::ListBox: return true;
-    case ControlKind::TextBox: return static_cast<const pellora::TextBox*>(control)->MultiLine();
-    default: return false;
-  }
-}
 
 /// What the window manager has drawn around a window, as far as it is known yet.
 awt::DeviceInfo Around(const Window& window) {
@@ -50,11 +24,7 @@ awt::DeviceInfo Around(const Window& window) {
 
 }  // namespace
 
-Size UnoFormPeer::LeastClient() const {
-  const auto least = m_form.Layout() ? MeasureLayout(*m_form.Layout(), *m_fonts) : Size{};
-  const auto margins = 2 * m_fonts->Scale(kFormMargin);
-  return {least.width + margins, least.height + margins};
-}
+Size UnoFormPeer::LeastClient() const { return pellora::LeastClient(m_form, *m_fonts); }
 
 Size UnoFormPeer::Client() const {
   auto client = m_client;
@@ -141,11 +111,6 @@ void UnoFormPeer::OnMoved() {
   if (!FillsDesktop(outer)) m_placement.normal = outer;
 }
 
-bool UnoFormPeer::GainsByRoom() const {
-  const auto controls = m_form.Descendants();
-  return m_form.BorderStyle() == BorderStyle::Sizable && std::any_of(controls.begin(), controls.end(), &Gains);
-}
-
 Rect UnoFormPeer::PlaceOver() const {
   Rect over = WorkArea();
   const uno::Reference<awt::XWindow2> window(m_over, uno::UNO_QUERY);
@@ -160,14 +125,9 @@ Rect UnoFormPeer::PlaceOver() const {
 }
 
 void UnoFormPeer::PlaceByDefault() {
-  auto client = LeastClient();
   const auto work = WorkArea();
-  if (GainsByRoom()) {
-    const auto frame = FrameSize();
-    const Size room{work.Width() - frame.width, work.Height() - frame.height};
-    client.width = std::max(client.width, std::min(client.width * kComfort / 100, room.width));
-    client.height = std::max(client.height, std::min(client.height * kComfort / 100, room.height));
-  }
+  const auto frame = FrameSize();
+  const auto client = FirstClient(m_form, *m_fonts, {work.Width() - frame.width, work.Height() - frame.height});
   m_placement.normal = MovedInside(Centred(OuterOf(client), PlaceOver()), work);
   MoveTo({m_placement.normal.left, m_placement.normal.top});
   Resize(client);

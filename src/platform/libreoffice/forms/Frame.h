@@ -18,7 +18,7 @@ class FramePeer : public PeerOf<pellora::Frame> {
 /// A container without a window: passes its states on to the controls in it.
 class ContainerPeer : public UnoControlPeer {
  public:
-  using UnoControlPeer::UnoControlPeer;
+  ContainerPeer(UnoFormPeer& form, pellora::Container& container) : UnoControlPeer(form, container) {}
 };
 
 }  // namespace pellora::libreoffice

@@ -1,6 +1,5 @@
 #include "platform/libreoffice/forms/OptionButton.h"
 
-#include <algorithm>
 #include <com/sun/star/awt/Key.hpp>
 #include <com/sun/star/awt/XButton.hpp>
 #include <com/sun/star/awt/XRadioButton.hpp>
@@ -40,20 +39,8 @@ void OptionButtonPeer::SetCaption() {
 
 bool OptionButtonPeer::Act(const awt::KeyEvent& key) {
   const auto direction = DirectionOf(key);
-  if (direction) Step(direction);
+  if (direction) Self().PeerStep(direction);
   return direction != 0;
-}
-
-void OptionButtonPeer::Step(int direction) {
-  auto group = Self().Group();
-  std::erase_if(group, [](const pellora::OptionButton* option) { return !option->Usable(); });
-  const auto self = std::find(group.begin(), group.end(), &Self());
-  if (self == group.end()) return;
-  const auto count = static_cast<int>(group.size());
-  const auto next = (static_cast<int>(self - group.begin()) + direction + count) % count;
-  auto& option = *group[static_cast<std::size_t>(next)];
-  option.SetFocus();
-  option.PeerClick();
 }
 
 void OptionButtonPeer::Update(Aspect aspect) {

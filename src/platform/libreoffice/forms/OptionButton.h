@@ -18,9 +18,6 @@ class OptionButtonPeer : public PeerOf<pellora::OptionButton> {
   void Update(Aspect aspect) override;
   void OnReport(Happening happening) override;
   void SetCaption() override;
-
- private:
-  void Step(int direction);
 };
 
 }  // namespace pellora::libreoffice

@@ -12,7 +12,6 @@
 #include <com/sun/star/script/BasicErrorException.hpp>
 #include <com/sun/star/script/CannotConvertException.hpp>
 #include <cppuhelper/exc_hlp.hxx>
-#include <new>
 
 #include "platform/libreoffice/uno/Text.h"
 
@@ -101,16 +100,10 @@ void RaiseDisconnected() { throw Make(kDisconnected, "The workbook of this objec
 Error CaughtFailure() {
   try {
     throw;
-  } catch (const Error& error) {
-    return error;
   } catch (const css::uno::Exception&) {
     return FromFailure(cppu::getCaughtException());
-  } catch (const std::bad_alloc&) {
-    return Error(errors::OutOfMemory);
-  } catch (const std::exception& other) {
-    return Error(errors::InternalError, kSource, other.what());
   } catch (...) {
-    return Error(errors::InternalError);
+    return CaughtError(kSource);
   }
 }
 

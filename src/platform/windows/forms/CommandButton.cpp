@@ -4,34 +4,19 @@
 #include <cstdint>
 #include <vector>
 
+#include "forms/ArrowShape.h"
 #include "platform/windows/forms/Form.h"
 
 namespace pellora::windows {
 namespace {
-
-constexpr int kArrowDip = 16;
-constexpr int kSamples = 4;
-
-/// How much of a pixel the arrow covers, 0 to 255: an isosceles triangle, `fraction` of the square's height down from
-/// its tip half as wide. Counted on a grid of samples inside the pixel.
-std::uint32_t Coverage(int x, int y, int side, bool up) {
-  int inside = 0;
-  for (int sy = 0; sy < kSamples; ++sy)
-    for (int sx = 0; sx < kSamples; ++sx) {
-      const double px = (x + (sx + 0.5) / kSamples) / side - 0.5;
-      const double py = (y + (sy + 0.5) / kSamples) / side;
-      const double fromTip = up ? py - 0.3 : 0.7 - py;
-      if (fromTip >= 0 && fromTip <= 0.4 && std::abs(px) <= fromTip * 0.9) ++inside;
-    }
-  return static_cast<std::uint32_t>(inside * 255 / (kSamples * kSamples));
-}
 
 /// Blue, green, red, alpha, not premultiplied, as icons have them.
 std::vector<std::uint32_t> ArrowPixels(int side, bool up, COLORREF colour) {
   const auto rgb = static_cast<std::uint32_t>(GetRValue(colour) << 16 | GetGValue(colour) << 8 | GetBValue(colour));
   std::vector<std::uint32_t> pixels;
   for (int y = 0; y < side; ++y)
-    for (int x = 0; x < side; ++x) pixels.push_back(Coverage(x, y, side, up) << 24 | rgb);
+    for (int x = 0; x < side; ++x)
+      pixels.push_back(static_cast<std::uint32_t>(ArrowCoverage(x, y, side, up)) << 24 | rgb);
   return pixels;
 }
 

@@ -2,30 +2,11 @@
 
 #include "core/Error.h"
 #include "forms/Form.h"
-#include "forms/Pages.h"
 #include "platform/windows/forms/Form.h"
 #include "platform/windows/forms/WideText.h"
 
 namespace pellora::windows {
 namespace {
-
-bool IsOnShownPage(const pellora::Control& control) {
-  if (control.Kind() != ControlKind::Page) return true;
-  const auto& pages = static_cast<const pellora::Pages&>(*control.Parent());
-  return &pages.PageAt(pages.CurrentPage()) == &control;
-}
-
-bool ShownByAll(const pellora::Control& control) {
-  for (auto* c = &control; c->Parent(); c = c->Parent())
-    if (!c->Visible() || !IsOnShownPage(*c)) return false;
-  return true;
-}
-
-bool EnabledByAll(const pellora::Control& control) {
-  for (auto* c = &control; c->Parent(); c = c->Parent())
-    if (!c->Enabled()) return false;
-  return true;
-}
 
 TOOLINFOW ToolFor(HWND form, HWND window) {
   TOOLINFOW tool{};
@@ -90,8 +71,8 @@ HFONT WindowsControlPeer::Font() const { return m_form.GetFonts().Get(TextStyle:
 
 void WindowsControlPeer::RefreshState() {
   if (!m_window) return;
-  const auto enabled = EnabledByAll(m_control);
-  const auto visible = ShownByAll(m_control);
+  const auto enabled = m_control.EnabledByAll();
+  const auto visible = m_control.ShownByAll();
   if ((::IsWindowEnabled(m_window) != FALSE) != enabled) ::EnableWindow(m_window, enabled);
   const auto shows = (::GetWindowLongPtrW(m_window, GWL_STYLE) & WS_VISIBLE) != 0;
   if (shows != visible) ::ShowWindow(m_window, visible ? SW_SHOWNA : SW_HIDE);
@@ -100,8 +81,8 @@ void WindowsControlPeer::RefreshState() {
 void WindowsControlPeer::Make(const wchar_t* windowClass, DWORD style, DWORD exStyle) {
   const Silence silence(*this);
   const auto caption = NativeCaption(m_control.Caption(), m_control.AccessKey());
-  const auto shown = ShownByAll(m_control) ? WS_VISIBLE : 0u;
-  const auto enabled = EnabledByAll(m_control) ? 0u : WS_DISABLED;
+  const auto shown = m_control.ShownByAll() ? WS_VISIBLE : 0u;
+  const auto enabled = m_control.EnabledByAll() ? 0u : WS_DISABLED;
   const auto& place = m_control.Bounds();
   m_window = ::CreateWindowExW(exStyle, windowClass, caption.c_str(), WS_CHILD | shown | enabled | style, place.left,
                                place.top, place.Width(), place.Height(), m_form.Window(), m_form.NewId(),

@@ -121,14 +121,9 @@ void WindowsFormPeer::RefreshNames() {
 }
 
 void WindowsFormPeer::RefreshStates(pellora::Control& changed) {
-  const auto concerns = [&](const pellora::Control* control) {
-    for (; control; control = control->Parent())
-      if (control == &changed) return true;
-    return false;
-  };
   const auto* focused = PeerAt(::GetFocus());
   for (auto* peer : std::vector(m_peers))
-    if (concerns(&peer->GetControl())) peer->RefreshState();
+    if (peer->GetControl().IsWithin(changed)) peer->RefreshState();
   // The platform leaves the keyboard with no window at all when it takes it from one.
   if (focused && !focused->GetControl().TakesFocus()) FocusActive();
 }

@@ -80,10 +80,9 @@ class WindowsFormPeer : public FormPeer {
   Size OuterOf(Size client) const;
   Rect OuterPlace() const;
   void LayOut();
-  bool GainsByRoom() const;
   void PlaceByDefault();
   void FitToContent();
-  RECT Reachable(RECT outer) const;
+  Rect Reachable(const Rect& outer) const;
   UINT ShowCommand() const;
   void RememberState();
 

@@ -33,11 +33,7 @@ KeyPress PressOf(const MSG& message) {
 /// True for the repeated messages of a key that is held down.
 bool IsRepeat(const MSG& message) { return (message.lParam & (LPARAM{1} << 30)) != 0; }
 
-bool TakesLineBreaks(const WindowsControlPeer* peer) {
-  if (!peer || peer->GetControl().Kind() != ControlKind::TextBox) return false;
-  const auto& box = static_cast<const pellora::TextBox&>(peer->GetControl());
-  return box.MultiLine() && !box.ReadOnly();
-}
+bool TakesLineBreaks(const WindowsControlPeer* peer) { return peer && pellora::TakesLineBreaks(&peer->GetControl()); }
 
 /// What a dialog of the platform does too: the host may watch for its keys there.
 bool HostFilters(MSG message) {
@@ -93,13 +89,10 @@ bool WindowsFormPeer::TranslateAccessKey(const MSG& message) {
 
 bool WindowsFormPeer::MoveByTab(bool backwards) {
   ShowCues(UISF_HIDEFOCUS);
-  auto order = m_form.TabOrder();
-  if (order.empty()) return true;
-  if (backwards) std::reverse(order.begin(), order.end());
-  const auto now = std::find(order.begin(), order.end(), m_form.ActiveControl());
-  auto& next = now == order.end() || std::next(now) == order.end() ? *order.front() : **std::next(now);
-  next.SetFocus();
-  if (auto* peer = static_cast<WindowsControlPeer*>(next.Peer())) peer->TabbedTo();
+  auto* next = m_form.NextTabStop(backwards);
+  if (!next) return true;
+  next->SetFocus();
+  if (auto* peer = static_cast<WindowsControlPeer*>(next->Peer())) peer->TabbedTo();
   return true;
 }
 
@@ -115,8 +108,7 @@ void WindowsFormPeer::FocusMoved(pellora::Control& control) {
 }
 
 void WindowsFormPeer::ShowDefault(pellora::Control* focused) {
-  const auto onButton = focused && focused->Kind() == ControlKind::CommandButton;
-  auto* button = onButton ? static_cast<pellora::CommandButton*>(focused) : m_form.DefaultButton();
+  auto* button = m_form.EnterButton(focused);
   auto* peer = button ? static_cast<CommandButtonPeer*>(button->Peer()) : nullptr;
   if (peer == m_shownDefault) return;
   if (m_shownDefault) m_shownDefault->ShowAsDefault(false);

@@ -1,17 +1,12 @@
 #include <algorithm>
 
-#include "forms/TextBox.h"
+#include "forms/Placing.h"
 #include "platform/windows/forms/Dpi.h"
 #include "platform/windows/forms/Form.h"
 #include "platform/windows/forms/Modal.h"
 
 namespace pellora::windows {
 namespace {
-
-/// What a form with lists or long texts gets when it is shown for the first time, in hundredths of its least size.
-constexpr int kComfort = 125;
-/// How much of a caption must be on a display for the user to get hold of it.
-constexpr int kGripDip = 32;
 
 RECT ToNative(const Rect& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
 Rect FromNative(const RECT& rect) {
@@ -28,35 +23,21 @@ MONITORINFO MonitorOf(HMONITOR monitor) {
   return info;
 }
 
-RECT WorkAreaNear(const RECT& rect) { return MonitorOf(::MonitorFromRect(&rect, MONITOR_DEFAULTTONEAREST)).rcWork; }
+Rect WorkAreaNear(const Rect& rect) {
+  const auto native = ToNative(rect);
+  return FromNative(MonitorOf(::MonitorFromRect(&native, MONITOR_DEFAULTTONEAREST)).rcWork);
+}
 
 /// Placements count from the corner of the primary display's work area, windows from that of the display.
-POINT WorkspaceOrigin() {
+Point WorkspaceOrigin() {
   const auto primary = MonitorOf(::MonitorFromPoint({0, 0}, MONITOR_DEFAULTTOPRIMARY));
-  return {primary.rcWork.left - primary.rcMonitor.left, primary.rcWork.top - primary.rcMonitor.top};
-}
-
-/// Moves a rectangle inside another; one that is too large keeps its left and top edges inside.
-RECT MovedInside(RECT rect, const RECT& area) {
-  const auto left = std::max(area.left, std::min(rect.left, area.right - WidthOf(rect)));
-  const auto top = std::max(area.top, std::min(rect.top, area.bottom - HeightOf(rect)));
-  ::OffsetRect(&rect, static_cast<int>(left - rect.left), static_cast<int>(top - rect.top));
-  return rect;
-}
-
-RECT Centred(Size size, const RECT& over) {
-  const auto left = over.left + (WidthOf(over) - size.width) / 2;
-  const auto top = over.top + (HeightOf(over) - size.height) / 2;
-  return {left, top, left + size.width, top + size.height};
+  return {static_cast<int>(primary.rcWork.left - primary.rcMonitor.left),
+          static_cast<int>(primary.rcWork.top - primary.rcMonitor.top)};
 }
 
 }  // namespace
 
-Size WindowsFormPeer::LeastClient() const {
-  auto least = m_form.Layout() ? MeasureLayout(*m_form.Layout(), *m_fonts) : Size{};
-  const auto margins = 2 * m_fonts->Scale(kFormMargin);
-  return {least.width + margins, least.height + margins};
-}
+Size WindowsFormPeer::LeastClient() const { return pellora::LeastClient(m_form, *m_fonts); }
 
 Size WindowsFormPeer::OuterOf(Size client) const {
   const auto outer = OuterRect({0, 0, client.width, client.height}, Window(), DpiOf(Window()));
@@ -90,34 +71,15 @@ void WindowsFormPeer::Place(HWND child, const Rect& bounds) {
     ::SetWindowPos(child, nullptr, bounds.left, bounds.top, bounds.Width(), bounds.Height(), flags);
 }
 
-bool WindowsFormPeer::GainsByRoom() const {
-  const auto gains = [](const pellora::Control* control) {
-    switch (control->Kind()) {
-      case ControlKind::Grid:
-      case ControlKind::ListBox: return true;
-      case ControlKind::TextBox: return static_cast<const pellora::TextBox*>(control)->MultiLine();
-      default: return false;
-    }
-  };
-  const auto controls = m_form.Descendants();
-  return m_form.BorderStyle() == BorderStyle::Sizable && std::any_of(controls.begin(), controls.end(), gains);
-}
-
 void WindowsFormPeer::PlaceByDefault() {
-  auto client = LeastClient();
   const auto owner = ::GetWindow(Window(), GW_OWNER);
   RECT over{};
   const auto overOwner = owner && ::IsWindowVisible(owner) && !::IsIconic(owner) && ::GetWindowRect(owner, &over);
-  const auto work =
-      overOwner ? WorkAreaNear(over) : MonitorOf(::MonitorFromWindow(Window(), MONITOR_DEFAULTTOPRIMARY)).rcWork;
-  if (!overOwner) over = work;
-  auto outer = OuterOf(client);
-  if (GainsByRoom()) {
-    const auto larger = OuterOf({client.width * kComfort / 100, client.height * kComfort / 100});
-    outer.width = std::max(outer.width, std::min(larger.width, static_cast<int>(WidthOf(work))));
-    outer.height = std::max(outer.height, std::min(larger.height, static_cast<int>(HeightOf(work))));
-  }
-  const auto place = MovedInside(Centred(outer, over), work);
+  const auto work = overOwner ? WorkAreaNear(FromNative(over))
+                              : FromNative(MonitorOf(::MonitorFromWindow(Window(), MONITOR_DEFAULTTOPRIMARY)).rcWork);
+  const auto frame = OuterOf({});
+  const auto outer = OuterOf(FirstClient(m_form, *m_fonts, {work.Width() - frame.width, work.Height() - frame.height}));
+  const auto place = MovedInside(Centred(outer, overOwner ? FromNative(over) : work), work);
   ::SetWindowPos(Window(), nullptr, place.left, place.top, outer.width, outer.height, SWP_NOZORDER | SWP_NOACTIVATE);
   LayOut();
 }
@@ -130,16 +92,16 @@ void WindowsFormPeer::FitToContent() {
   const auto grows = m_form.BorderStyle() == BorderStyle::Sizable;
   const Size wanted{grows ? std::max(least.width, now.Width()) : least.width,
                     grows ? std::max(least.height, now.Height()) : least.height};
-  RECT outer{now.left, now.top, now.left + wanted.width, now.top + wanted.height};
+  Rect outer{now.left, now.top, now.left + wanted.width, now.top + wanted.height};
   if (wanted.width > now.Width() || wanted.height > now.Height()) outer = MovedInside(outer, WorkAreaNear(outer));
-  if (FromNative(outer) != now)
-    ::SetWindowPos(Window(), nullptr, static_cast<int>(outer.left), static_cast<int>(outer.top), wanted.width,
-                   wanted.height, SWP_NOZORDER | SWP_NOACTIVATE);
+  if (outer != now)
+    ::SetWindowPos(Window(), nullptr, outer.left, outer.top, wanted.width, wanted.height,
+                   SWP_NOZORDER | SWP_NOACTIVATE);
   LayOut();
 }
 
-RECT WindowsFormPeer::Reachable(RECT outer) const {
-  const auto grip = static_cast<LONG>(m_fonts->Scale(kGripDip));
+Rect WindowsFormPeer::Reachable(const Rect& outer) const {
+  const auto grip = m_fonts->Scale(kGripDip);
   const RECT caption{outer.left, outer.top, outer.right, outer.top + grip};
   if (const auto monitor = ::MonitorFromRect(&caption, MONITOR_DEFAULTTONULL)) {
     RECT shared{};
@@ -164,16 +126,15 @@ std::optional<Placement> WindowsFormPeer::GetPlacement() {
 bool WindowsFormPeer::SetPlacement(const Placement& placement) {
   const DpiScope pixels;
   if (!m_window) return false;
-  auto normal = ToNative(placement.normal);
+  auto normal = placement.normal;
   const auto least = OuterOf(LeastClient());
   // A place remembered at a smaller scale: the buttons at the end would be off the display.
-  const auto grows = WidthOf(normal) < least.width || HeightOf(normal) < least.height;
-  normal.right = std::max<LONG>(normal.right, normal.left + least.width);
-  normal.bottom = std::max<LONG>(normal.bottom, normal.top + least.height);
+  const auto grows = normal.Width() < least.width || normal.Height() < least.height;
+  normal.right = std::max(normal.right, normal.left + least.width);
+  normal.bottom = std::max(normal.bottom, normal.top + least.height);
   const auto origin = WorkspaceOrigin();
-  ::OffsetRect(&normal, origin.x, origin.y);
+  normal = Moved(normal, origin.x, origin.y);
   normal = grows ? MovedInside(normal, WorkAreaNear(normal)) : Reachable(normal);
-  ::OffsetRect(&normal, -origin.x, -origin.y);
 
   m_showCommand = placement.showCommand;
   m_placed = true;
@@ -182,7 +143,7 @@ bool WindowsFormPeer::SetPlacement(const Placement& placement) {
   native.showCmd = IsShown() ? ShowCommand() : SW_HIDE;
   native.ptMinPosition = {placement.minimised.x, placement.minimised.y};
   native.ptMaxPosition = {placement.maximised.x, placement.maximised.y};
-  native.rcNormalPosition = normal;
+  native.rcNormalPosition = ToNative(Moved(normal, -origin.x, -origin.y));
   return ::SetWindowPlacement(Window(), &native) != FALSE;
 }
 

@@ -17,7 +17,7 @@ class FramePeer : public PeerOf<pellora::Frame> {
 /// A container without a window: passes its states on to the controls in it.
 class ContainerPeer : public WindowsControlPeer {
  public:
-  using WindowsControlPeer::WindowsControlPeer;
+  ContainerPeer(WindowsFormPeer& form, pellora::Container& container) : WindowsControlPeer(form, container) {}
 };
 
 }  // namespace pellora::windows

@@ -1,7 +1,5 @@
 #include "platform/windows/forms/OptionButton.h"
 
-#include <algorithm>
-
 namespace pellora::windows {
 namespace {
 
@@ -30,20 +28,8 @@ WindowsControlPeer::KeyUse OptionButtonPeer::Use(const MSG& message) {
   if (message.message != WM_KEYDOWN) return KeyUse::Form;
   const auto direction = DirectionOf(message.wParam);
   if (direction == 0) return KeyUse::Form;
-  Step(direction);
+  Self().PeerStep(direction);
   return KeyUse::Done;
-}
-
-void OptionButtonPeer::Step(int direction) {
-  auto group = Self().Group();
-  std::erase_if(group, [](const pellora::OptionButton* option) { return !option->Usable(); });
-  const auto self = std::find(group.begin(), group.end(), &Self());
-  if (self == group.end()) return;
-  const auto count = static_cast<int>(group.size());
-  const auto next = (static_cast<int>(self - group.begin()) + direction + count) % count;
-  auto& option = *group[static_cast<std::size_t>(next)];
-  option.SetFocus();
-  option.PeerClick();
 }
 
 void OptionButtonPeer::Update(Aspect aspect) {

@@ -16,9 +16,6 @@ class OptionButtonPeer : public PeerOf<pellora::OptionButton> {
  protected:
   void Update(Aspect aspect) override;
   void OnCommand(WORD code) override;
-
- private:
-  void Step(int direction);
 };
 
 }  // namespace pellora::windows

@@ -1,7 +1,6 @@
 #include "platform/windows/ole/Failure.h"
 
 #include <cstdio>
-#include <new>
 
 namespace pellora::ole {
 namespace {
@@ -40,21 +39,6 @@ Error FromThread(HRESULT code) {
   return Error(number, source.Text(), DescriptionFor(number, code, description.Text()));
 }
 
-// The one translation of what the library throws; `error` is the outcome for every other failure too.
-Error Caught() {
-  try {
-    throw;
-  } catch (const Error& error) {
-    return error;
-  } catch (const std::bad_alloc&) {
-    return Error(errors::OutOfMemory);
-  } catch (const std::exception& other) {
-    return Error(errors::InternalError, {}, other.what());
-  } catch (...) {
-    return Error(errors::InternalError);
-  }
-}
-
 void Fill(EXCEPINFO& info, const Error& error) {
   BStr source(error.Source()), description(error.Description());
   info = {};
@@ -85,7 +69,7 @@ void Check(HRESULT code) {
 
 HRESULT ReportCaught(EXCEPINFO* info) noexcept {
   try {
-    const Error error = Caught();
+    const Error error = CaughtError();
     if (!info) return CodeFromNumber(error.Number());
     Fill(*info, error);
     return DISP_E_EXCEPTION;
@@ -96,7 +80,7 @@ HRESULT ReportCaught(EXCEPINFO* info) noexcept {
 
 HRESULT ReportCaught(REFIID interfaceId, std::string_view source) noexcept {
   try {
-    const Error error = Caught();
+    const Error error = CaughtError();
     SetThreadError(error, interfaceId, source);
     return CodeFromNumber(error.Number());
   } catch (...) {

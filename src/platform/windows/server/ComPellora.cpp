@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "automation/ArgumentOrder.h"
 #include "core/Error.h"
 #include "platform/windows/ole/CallShape.h"
 #include "platform/windows/ole/Convert.h"
@@ -18,18 +19,7 @@ using ole::OleVariant;
 
 constexpr std::string_view kSource = "Pellora.cPellora";
 
-constexpr std::int16_t QuoteFields::*kFields[] = {
-    &QuoteFields::AskPrice,   &QuoteFields::AskSize,  &QuoteFields::BidPrice,  &QuoteFields::BidSize,
-    &QuoteFields::ClosePrice, &QuoteFields::HighTick, &QuoteFields::LastPrice, &QuoteFields::LastSize,
-    &QuoteFields::LowTick,    &QuoteFields::Volume,
-};
-
-constexpr std::string ContractRecord::*kTexts[] = {
-    &ContractRecord::Symbol,   &ContractRecord::TypeSymbol,      &ContractRecord::Expiry,       &ContractRecord::Right,
-    &ContractRecord::Exchange, &ContractRecord::PrimaryExchange, &ContractRecord::TypeCurrency,
-};
-
-using TextVariables = std::array<BSTR*, std::size(kTexts)>;
+using TextVariables = std::array<BSTR*, kContractTextOrder.size()>;
 
 template <class... Pointers>
 bool AnyNull(const Pointers*... pointers) {
@@ -50,14 +40,14 @@ ComPtr<_cPellora> MakeOrRaise(_cPellora* (*make)()) {
 ContractRecord ReadTexts(const TextVariables& variables) {
   ContractRecord contract;
   for (std::size_t i = 0; i < variables.size(); ++i)
-    contract.*kTexts[i] = ole::Narrow({*variables[i], SysStringLen(*variables[i])});
+    contract.*kContractTextOrder[i].text = ole::Narrow({*variables[i], SysStringLen(*variables[i])});
   return contract;
 }
 
 // Makes all texts before it touches a variable, so that the variables change together or not at all.
 void WriteTexts(const ContractRecord& contract, const TextVariables& variables) {
-  std::array<BStr, std::size(kTexts)> texts;
-  for (std::size_t i = 0; i < texts.size(); ++i) texts[i] = BStr(contract.*kTexts[i]);
+  std::array<BStr, kContractTextOrder.size()> texts;
+  for (std::size_t i = 0; i < texts.size(); ++i) texts[i] = BStr(contract.*kContractTextOrder[i].text);
   for (std::size_t i = 0; i < texts.size(); ++i) {
     BStr old;
     old.attach(*variables[i]);
@@ -204,9 +194,9 @@ HRESULT ComPellora::CreateNewProject(short* AskPrice, short* AskSize, short* Bid
     return E_POINTER;
   return Run([&] {
     QuoteFields fields;
-    for (std::size_t i = 0; i < std::size(kFields); ++i) fields.*kFields[i] = *variables[i];
+    for (std::size_t i = 0; i < kQuoteFieldOrder.size(); ++i) fields.*kQuoteFieldOrder[i] = *variables[i];
     const bool answer = m_object.CreateNewProject(fields);
-    for (std::size_t i = 0; answer && i < std::size(kFields); ++i) *variables[i] = fields.*kFields[i];
+    for (std::size_t i = 0; answer && i < kQuoteFieldOrder.size(); ++i) *variables[i] = fields.*kQuoteFieldOrder[i];
     *confirmed = answer ? VARIANT_TRUE : VARIANT_FALSE;
   });
 }

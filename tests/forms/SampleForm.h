@@ -13,9 +13,9 @@
 #include "forms/OptionButton.h"
 #include "forms/TextBox.h"
 
-namespace pellora::libreoffice {
+namespace pellora::test {
 
-/// A form with a control of each kind the tests use. Every event adds a word to `events`.
+/// A form with a control of each kind that the tests of a platform's windows use. Every event adds a word to `events`.
 class SampleForm : public Form {
  public:
   explicit SampleForm(Toolkit& toolkit, const char* caption = "Sample") : Form(toolkit, "frmSample") {
@@ -39,7 +39,6 @@ class SampleForm : public Form {
   }
 
   void Fixed() { BorderStyle(BorderStyle::FixedDialog); }
-  void WithoutCancelButton() { butCancel.Click = nullptr; }
 
   std::vector<std::string> events;
   std::int16_t closeMode = -1;
@@ -91,4 +90,4 @@ class SampleForm : public Form {
   }
 };
 
-}  // namespace pellora::libreoffice
+}  // namespace pellora::test
