@@ -119,10 +119,6 @@ script::InvocationInfo InfoOf(const ClassMember& member) {
   return info;
 }
 
-Error Interrupted(const ClassMember& member) {
-  return Error(errors::Component(100), "Pellora.cPellora." + std::string(member.name), "cPellora component failure");
-}
-
 }  // namespace
 
 rtl::Reference<UnoPellora> UnoPellora::Create(const Context& context) {
@@ -236,17 +232,12 @@ uno::Reference<beans::XIntrospectionAccess> UnoPellora::getIntrospection() {
 
 uno::Any UnoPellora::invoke(const rtl::OUString& name, const uno::Sequence<uno::Any>& given,
                             uno::Sequence<sal_Int16>& positions, uno::Sequence<uno::Any>& written) {
-  const std::uint32_t turn = ++m_invocations;
   return RunForBasic([&] {
     const ClassMember& member = KnownMember(name, true);
     CallArguments arguments(member, given, m_context);
     bool writesBack = false;
     const uno::Any result = Call(member, arguments, writesBack);
-    if (!writesBack) return result;
-    // Basic keeps the variables of one call an object's method: those of this call went when another began, and writing
-    // into them crashes the program.
-    if (m_invocations != turn) throw Interrupted(member);
-    arguments.WriteBack(positions, written);
+    if (writesBack) arguments.WriteBack(positions, written);
     return result;
   });
 }
@@ -291,14 +282,14 @@ uno::Sequence<script::InvocationInfo> UnoPellora::getInfo() {
 
 script::InvocationInfo UnoPellora::getInfoForName(const rtl::OUString& name, sal_Bool exact) {
   const ClassMember* const member = FindClassMember(name);
-  if (!member || (exact && Wide(member->name) != name))
+  if (!member || (exact && Wide(member->name) != name && NameToKeep(*member) != name))
     throw lang::IllegalArgumentException("There is no such member.", Self(), 0);
   return InfoOf(*member);
 }
 
 rtl::OUString UnoPellora::getExactName(const rtl::OUString& approximateName) {
   const ClassMember* const member = FindClassMember(approximateName);
-  return member ? Wide(member->name) : rtl::OUString();
+  return member ? NameToKeep(*member) : rtl::OUString();
 }
 
 uno::Sequence<rtl::OUString> UnoPellora::getSupportedServiceNames() {
