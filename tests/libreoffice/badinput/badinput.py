@@ -12,6 +12,7 @@ from desk import Desk, root  # noqa: F401, it lets the next lines find their mod
 from installed import check
 from nested import nested
 from places import some
+from unrelated import unrelated
 
 TAPE, PROJECT, TICKER = "Ticker tape", "Choose market data fields for project ", "Add new ticker"
 SETTINGS = "Ticker_tape_settings"
@@ -163,7 +164,7 @@ def two_documents(desk):
 def closed_document(desk):
     """The application of a document that is gone, with another document in front."""
     for name, kept in (("opened afterwards", False), ("kept", True)):
-        first, second = desk.open(), desk.open()
+        second, first = desk.open(), desk.open()
         desk.run("Take", first)
         if kept:
             number = desk.start("Tape")
@@ -274,7 +275,7 @@ def main(*arguments):
     desk = Desk(*arguments)
     # The program ends when its last document is closed.
     desk.open()
-    for part in (places, read_only, missing_sheet, closing, two_documents, closed_document, second_call, nested, settings):
+    for part in (places, read_only, missing_sheet, closing, two_documents, closed_document, unrelated, second_call, nested, settings):
         try:
             part(desk)
         except Exception as error:  # noqa: BLE001, the next part may hold

@@ -204,6 +204,22 @@ TEST(AnApplicationHandedIn, IsGoneWithTheLastWorkbook) {
   EXPECT_EQ(kDisconnected, NumberOf([&] { range.Value(); }));
 }
 
+TEST(AnApplicationHandedIn, IsRefusedAfterTheLastWorkbook) {
+  CalcDocument document;
+  const auto own = document.Excel();
+  document.Close();
+  EXPECT_EQ(kDisconnected, NumberOf([&] { HandedIn(own); }));
+}
+
+TEST(AnApplicationHandedIn, OutlivesAnotherWorkbook) {
+  CalcDocument other;
+  const CalcDocument document;
+  const auto own = document.Excel();
+  const auto excel = HandedIn(own);
+  other.Close();
+  EXPECT_EQ(0, NumberOf([&] { excel.Range("A1").Value("x"); }));
+}
+
 TEST(AnApplicationHandedIn, HarmsNothingWhenItsWorkbookIsClosedBesideAnother) {
   const CalcDocument other;
   CalcDocument document;

@@ -43,11 +43,11 @@ constexpr ContractText kTexts[] = {
 };
 constexpr std::size_t kStrike = 3, kMultiplier = 5, kComTypeListIndex = 9;
 
-// A reference to nothing stands for a null value elsewhere in the program; here it lets an application go.
+// A reference to nothing stands for a null value elsewhere in the program; here it lets an application go. An application
+// is to know its document, whose end alone is its own.
 Variant ApplicationIn(const uno::Any& value, const uno::Reference<uno::XComponentContext>& context) {
   if (value.getValueTypeClass() != uno::TypeClass_INTERFACE) return FromAny(value, context);
-  const uno::Reference<uno::XInterface> object(value, uno::UNO_QUERY);
-  return object.is() ? FromAny(value, context) : Variant(DispatchPtr());
+  return ToDispatch(uno::Reference<uno::XInterface>(value, uno::UNO_QUERY), context);
 }
 
 /// Counts a call that is carried out.
