@@ -1,7 +1,10 @@
 """Macros that call while a dialog is open, as those of events and timers do."""
 
+from desk import root
 from installed import check
+from macros_extension import MODULE, module_text
 
+MESSAGE = "Quote workbook"
 PROJECT, TICKER, TAPE = "Choose market data fields for project ", "Add new ticker", "Ticker tape"
 BUSY = "440 "
 
@@ -27,6 +30,7 @@ def nested(desk):
     the_same_method(desk, "Tape", TAPE, "CLOSE", "Cancel")
     several_calls(desk)
     dropped(desk)
+    told_by_the_sample(desk)
     book.close(True)
 
 
@@ -49,3 +53,26 @@ def dropped(desk):
     desk.press(PROJECT, "Create project")
     check("an object that a macro drops during its call writes the variables", lambda: (desk.end(number), "True 1"))
     check("the program lives without the object", lambda: (desk.alive(), True))
+
+
+def told_by_the_sample(desk):
+    """What the sample's macros make of a refusal."""
+    libraries = desk.create("com.sun.star.script.ApplicationScriptLibraryContainer")
+    libraries.createLibrary("Sample")
+    libraries.getByName("Sample").insertByName(MODULE, module_text(root / "samples/Pellora.bas"))
+
+    def begin(macro):
+        address = f"vnd.sun.star.script:Sample.{MODULE}.{macro}?language=Basic&location=application"
+        number = desk.hand("start", desk.provider.getScript(address), ())
+        return lambda: desk.until(f"the end of {macro}", lambda: desk.hand("outcome", number))
+    tapes = begin("SetUpTapes")
+    desk.wait(TAPE)
+    instruments = begin("AddInstruments")
+    told = " ".join(desk.wait(MESSAGE)[1])
+    check("the sample tells a user that another dialog is open", lambda: ("another one is still open" in told or told, True))
+    desk.press(MESSAGE, "OK")
+    instruments()
+    desk.press(TAPE, "Cancel")
+    tapes()
+    begin("ReleasePellora")()
+    libraries.removeLibrary("Sample")

@@ -43,8 +43,8 @@ constexpr ContractText kTexts[] = {
 };
 constexpr std::size_t kStrike = 3, kMultiplier = 5, kComTypeListIndex = 9;
 
-// A reference to nothing stands for a null value elsewhere in the program; here it lets an application go. An application
-// is to know its document, whose end alone is its own.
+// A reference to nothing stands for a null value elsewhere in the program; here it lets an application go. An
+// application is to know its document, whose end alone is its own.
 Variant ApplicationIn(const uno::Any& value, const uno::Reference<uno::XComponentContext>& context) {
   if (value.getValueTypeClass() != uno::TypeClass_INTERFACE) return FromAny(value, context);
   return ToDispatch(uno::Reference<uno::XInterface>(value, uno::UNO_QUERY), context);
@@ -151,11 +151,15 @@ UnoPellora::UnoPellora(const Context& context, std::shared_ptr<LibraryState> sta
       m_membership(m_state.get(), *this) {}
 
 UnoPellora::~UnoPellora() {
+  // From here on nobody else touches the object within.
+  m_membership.Leave();
   try {
+    // The platform goes by the thread that has claimed the library: another one may be making a new platform.
     const mGlobal::ThreadClaim thisThread;
     m_object.reset();
+    m_state.reset();
   } catch (const Error&) {
-    if (m_state) m_state->Bury(std::move(m_object));
+    if (m_state) LibraryState::Bury(m_state, m_object);
   }
 }
 
