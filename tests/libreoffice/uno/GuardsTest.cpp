@@ -204,11 +204,13 @@ TEST(AnApplicationHandedIn, IsGoneWithTheLastWorkbook) {
   EXPECT_EQ(kDisconnected, NumberOf([&] { range.Value(); }));
 }
 
-TEST(AnApplicationHandedIn, IsRefusedAfterTheLastWorkbook) {
+TEST(AnApplicationHandedIn, IsGoneAtEachUseAfterTheLastWorkbook) {
   CalcDocument document;
   const auto own = document.Excel();
   document.Close();
-  EXPECT_EQ(kDisconnected, NumberOf([&] { HandedIn(own); }));
+  const auto excel = HandedIn(own);
+  EXPECT_EQ(kDisconnected, NumberOf([&] { excel.Range("A1"); }));
+  EXPECT_EQ(kDisconnected, NumberOf([&] { excel.Range("A1"); }));
 }
 
 TEST(AnApplicationHandedIn, OutlivesAnotherWorkbook) {

@@ -39,7 +39,11 @@ DispatchPtr ToDispatch(const Reference<XInterface>& object, const Reference<css:
   return Guarded([&]() -> DispatchPtr {
     const auto shown = std::make_shared<UnoDispatch>(object, std::make_shared<Session>(Session{context, {}, {}}));
     if (shown->type().Kind() != ObjectKind::Application) return shown;
-    if (!HasDocument(*shown)) RaiseDisconnected();
+    if (!HasDocument(*shown)) {
+      // The workbook was just closed, and the next one is not in front yet: to be asked again before each use.
+      shown->seeClosings(ClosedDocuments(context) - 1);
+      return shown;
+    }
     const auto document = DocumentOfApplication(shown);
     return std::make_shared<UnoDispatch>(object, std::make_shared<Session>(Session{context, document, {}}));
   });
