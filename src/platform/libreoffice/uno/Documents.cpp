@@ -204,6 +204,8 @@ Model DocumentOf(UnoDispatch& object) {
   return DocumentWith(sheet, object);
 }
 
+Reference<XInterface> ActiveDocumentOf(UnoDispatch& object) { return ActiveDocument(DesktopOf(object)); }
+
 bool HasDocument(const UnoDispatch& application) try {
   // Of all that it has, the names alone are refused without harm when the document that they are looked for in is gone.
   return ToObject(const_cast<UnoDispatch&>(application).Plain("names", CallKind::Get, {})) != nullptr;
@@ -213,7 +215,7 @@ bool HasDocument(const UnoDispatch& application) try {
 
 std::shared_ptr<UnoDispatch> ActiveSheetOf(UnoDispatch& application) {
   auto& known = application.session()->active;
-  const auto document = ActiveDocument(DesktopOf(application));
+  const auto document = ActiveDocumentOf(application);
   if (document.is() && document == known.document && known.sheet.is()) {
     // A sheet that was renamed, moved or deleted since tells another name than the view does, or none.
     const rtl::OUString name = known.sheet->getName();
@@ -233,7 +235,7 @@ std::shared_ptr<UnoDispatch> ActiveSheetOf(UnoDispatch& application) {
 }
 
 bool NamesDeletedCells(UnoDispatch& application, std::string_view name) {
-  const Reference<css::beans::XPropertySet> document(ActiveDocument(DesktopOf(application)), UNO_QUERY);
+  const Reference<css::beans::XPropertySet> document(ActiveDocumentOf(application), UNO_QUERY);
   Reference<css::sheet::XNamedRanges> names;
   if (!document.is() || !(document->getPropertyValue("NamedRanges") >>= names)) return false;
   const rtl::OUString wanted = Wide(name);
