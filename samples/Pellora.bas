@@ -230,7 +230,17 @@ Public Function SheetAddress(sheetName As String, address As String) As String
 End Function
 
 ' What to tell the user when a call has failed.
-Public Function FailureText(number As Long, source As String, description As String) As String
+Public Function FailureText(ByVal number As Long, ByVal source As String, ByVal description As String) As String
+#If LibreOffice Then
+    ' Its Basic has one number for most failures of a library, which keeps them as they were.
+    If number = 440 And Not mLibrary Is Nothing Then
+        If mLibrary.ErrNumber <> 0 Then
+            number = mLibrary.ErrNumber
+            source = mLibrary.ErrSource
+            description = mLibrary.ErrDescription
+        End If
+    End If
+#End If
     Select Case number
         Case 429
             FailureText = "The dialogs are not installed for this Excel. Run install.cmd, then check.cmd."

@@ -1,15 +1,17 @@
 # The demo on the embedded workbook, with the Windows library under Wine; to be sourced by script/demo.
 . "$root/script/lib/display.sh"
 . "$root/script/lib/wine.sh"
+. "$root/script/lib/demo_files.sh"
 
 say "The host is the embedded workbook, with the Windows library under Wine: building both"
 build win64 Pellora PelloraWorkbook probe ask || fail "the build failed"
 
-out=$root/out/demo
 desk=$root/build/demo
-rm -rf "$out" "$desk"
-mkdir -p "$out" "$desk"
-result=$out/$(basename "$workbook")
+rm -rf "$desk"
+mkdir -p "$desk"
+open_folder "$root/out/demo"
+name=$(basename "$workbook")
+result=$(free_name "$out/${name%.*}" xlsx).xlsx
 
 # The scripts of a run, and what the library leaves in the current folder, have a folder of their own. A failure of the
 # library shows in its error dialog, which ends a play at once.
@@ -74,4 +76,4 @@ played looks 144 project,symbols,tape "$desk/unchanged.xlsx"
 set_dpi 96
 
 python3 "$root/script/lib/demo_check.py" result "$workbook" "$result" "$target" || fail "the workbook is not as it should be"
-say "script/demo: done on the embedded workbook; $(find "$out" -name '*.png' | wc -l) pictures, ${result#"$root"/} and calls.txt are in out/demo/"
+say "script/demo: done on the embedded workbook; $(find "$out" -maxdepth 1 -name '*.png' | wc -l) pictures, ${result#"$root"/} and calls.txt are in out/demo/"

@@ -1,9 +1,11 @@
 #!/usr/bin/python3
 """Plays the user of the demo in LibreOffice.
 
-    demo_office.py PIPE FOLDER     plays in the running program; pictures, calls.txt and the result go to FOLDER
+    demo_office.py PIPE FOLDER RESULT     plays in the running program; pictures and calls.txt go to FOLDER, the workbook
+                                          to RESULT.ods and RESULT.xlsx
 """
 
+import os
 import pathlib
 import sys
 
@@ -24,7 +26,8 @@ MACROS = "Quote workbook"
 class OfficePlay(Play):
     """The same story, begun by the workbook's buttons or its menu, with the place of a tape picked by the mouse."""
 
-    def __init__(self, player, out):
+    def __init__(self, player, out, result=None):
+        self.result = result or str(out / "result")
         self.sheet = Sheet(player)
         super().__init__(player, out, "work", 96, target_among(self.sheet.document.Sheets.ElementNames))
         self.calls = (out / "calls.txt").open("w", encoding="utf-8")
@@ -87,14 +90,14 @@ class OfficePlay(Play):
         return [" | ".join(row) for row in rows if row[0]]
 
     def save(self):
-        for name, kind in (("result.ods", "calc8"), ("result.xlsx", "Calc MS Excel 2007 XML")):
+        for ending, kind in ((".ods", "calc8"), (".xlsx", "Calc MS Excel 2007 XML")):
             filter_name = uno.createUnoStruct("com.sun.star.beans.PropertyValue", Name="FilterName", Value=kind)
-            self.sheet.document.storeToURL((self.out / name).as_uri(), (filter_name,))
+            self.sheet.document.storeToURL(pathlib.Path(self.result + ending).as_uri(), (filter_name,))
 
 
-def main(pipe, folder):
+def main(pipe, folder, result):
     with OfficePlayer(pipe) as player:
-        OfficePlay(player, pathlib.Path(folder).resolve()).play()
+        OfficePlay(player, pathlib.Path(folder).resolve(), os.path.abspath(result)).play()
 
 
 if __name__ == "__main__":

@@ -227,6 +227,8 @@ class frmAddRibbon : public Form, protected Routines {
   std::string CommonArea(std::string_view address1, std::string_view address2) const;
   std::string IntersectThroughExcel(std::string_view address1, std::string_view address2) const;
   std::string LocationFault(const std::string& location);
+  /// True when the writer, which takes the location apart by itself, finds the cells, too. Quiet.
+  bool IsThere(const std::string& location);
   void Refuse(Steps& step, const std::string& message, TextBox& box);
 
   excel::Range NewRecord(Steps& step, const excel::Application& excel);

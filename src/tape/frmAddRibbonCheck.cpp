@@ -1,6 +1,8 @@
 #include <string>
 
 #include "core/Text.h"
+#include "support/Quietly.h"
+#include "tape/SheetAddress.h"
 #include "tape/frmAddRibbon.h"
 
 namespace pellora {
@@ -50,7 +52,19 @@ std::string frmAddRibbon::LocationFault(const std::string& location) {
   if (!CheckAddres(location)) return "Range Address Error";
   if (!ChechAddressRange(location)) return SizeMessage(txtAddress, ReturnColumnsCount());
   const auto hit = CheckAddressIntersect(location);
-  return hit.empty() ? std::string() : OverlapMessage(txtAddress, hit);
+  if (!hit.empty()) return OverlapMessage(txtAddress, hit);
+  return IsThere(location) ? std::string() : "Range Address Error";
+}
+
+// The writer takes the location apart at the "!", a spreadsheet by rules of its own: " Desk!B3:C9" is a range to one,
+// while no sheet is named " Desk". The record would be written before the writer came to the sheet.
+bool frmAddRibbon::IsThere(const std::string& location) {
+  bool isThere = false;
+  Quietly([&] {
+    const auto [sheet, address] = SplitSheetAddress(location);
+    isThere = static_cast<bool>(TapeArea(sheet, address));
+  });
+  return isThere;
 }
 
 void frmAddRibbon::Refuse(Steps& step, const std::string& message, TextBox& box) {

@@ -1,8 +1,6 @@
 // What the library relies on of any spreadsheet, member by member, as docs/hosts.md lists them: here a host that means
 // something else by one of them is told from a fault of a dialog.
 
-#include <optional>
-
 #include "excel/Application.h"
 #include "tests/hosts/OnHost.h"
 
@@ -75,6 +73,18 @@ TEST_F(Model, WhatIsNoRangeIsRefused) {
     EXPECT_TRUE(Refused([&] { application.Range(text); })) << text;
 }
 
+TEST_F(Model, BlanksMayStandAroundAnAddressAndNotInside) {
+  EXPECT_EQ(application.Range(" B3 ").Address(), "$B$3");
+  EXPECT_EQ(application.Range(" Desk!B3 ").Address(), "$B$3");
+  EXPECT_EQ(application.Range("B3, D5").Address(), "$B$3,$D$5");
+  for (const auto* text : {"Desk !B3", "Desk! B3", "B 3"})
+    EXPECT_TRUE(Refused([&] { application.Range(text); })) << text;
+}
+
+TEST_F(Model, AnAddressInTheNotationOfCellsWithAPointIsRefused) {
+  for (const auto* text : {"Desk.B3", "$Desk.$B$3"}) EXPECT_TRUE(Refused([&] { application.Range(text); })) << text;
+}
+
 TEST_F(Model, CornersMayStandInAnyOrder) { EXPECT_EQ(application.Range("$I$3:$A$2").Address(), "$A$2:$I$3"); }
 
 TEST_F(Model, IntersectIsTheCommonCells) {
@@ -86,10 +96,8 @@ TEST_F(Model, AreasWithoutCommonCellsIntersectInNothing) {
   EXPECT_FALSE(application.Intersect(application.Range("A1:A5"), application.Range("B1:B5")));
 }
 
-TEST_F(Model, AreasOfTwoSheetsHaveNoIntersection) {
-  std::optional<Range> common;
-  const bool refused = Refused([&] { common = application.Intersect(At("A1"), At("A1", "Desk")); });
-  EXPECT_TRUE(refused || !*common);
+TEST_F(Model, AreasOfTwoSheetsAreRefusedAnIntersection) {
+  EXPECT_EQ(NumberOf([&] { application.Intersect(At("A1"), At("A1", "Desk")); }), errors::ApplicationDefined);
 }
 
 TEST_F(Model, AColumnIsFoundByItsNumber) { EXPECT_EQ(application.Columns(5).Address(), "$E:$E"); }
@@ -159,6 +167,11 @@ TEST_F(ModelRange, IsSelectedOnTheActiveSheet) {
   EXPECT_EQ(Range(test::Late(book.application()).Object("Selection").get()).Address(), "$B$3");
 }
 
+TEST_F(ModelRange, IsNotSelectedOnAnotherSheetThanTheActiveOne) {
+  EXPECT_EQ(NumberOf([&] { At("B3", "Desk").Select(); }), errors::ApplicationDefined);
+  EXPECT_EQ(application.ActiveSheet().Name(), "Sheet1");
+}
+
 TEST_F(ModelValue, PlainValuesKeepTheirKind) {
   for (const auto& value : {Variant("text"), Variant(1.25), Variant(true), Variant(false)}) {
     At("B2").Value(value);
@@ -219,6 +232,16 @@ TEST_F(ModelValue, ALinkReadsBackAsWrittenAndShowsWhatItLeadsTo) {
   EXPECT_EQ(At("B2").Value(), Variant(12.5));
 }
 
+TEST_F(ModelValue, ALinkToASheetInApostrophesShowsWhatItLeadsTo) {
+  book.Set("My Sheet", "E7", 12.5);
+  book.Set("Desk", "E7", 7.5);
+  At("B2").FormulaLocal("='My Sheet'!$E$7");
+  At("B3").FormulaLocal("='Desk'!$E$7");
+  EXPECT_EQ(At("B2").FormulaLocal(), Variant("='My Sheet'!$E$7"));
+  EXPECT_EQ(At("B2").Value(), Variant(12.5));
+  EXPECT_EQ(At("B3").Value(), Variant(7.5));
+}
+
 TEST_F(ModelValue, ABlockTakesTextsFormulasDatesAndErrorsEachInItsPlace) {
   const auto error = Variant::CellError(static_cast<std::int32_t>(0x800A07FA));
   const auto rows = std::make_shared<VariantArray>(2, 5);
@@ -251,6 +274,17 @@ TEST_F(ModelLook, AWidthIsOfWholeColumns) {
   At("B3:C5").ColumnWidth(20);
   EXPECT_NEAR(book.ColumnWidth("Sheet1", "C"), 20, 0.1);
   EXPECT_LT(book.ColumnWidth("Sheet1", "D"), 15);
+}
+
+TEST_F(ModelLook, SeveralWidthsAreNone) {
+  At("B:B").ColumnWidth(20);
+  At("C:C").ColumnWidth(30);
+  EXPECT_TRUE(test::Late(At("B3:C5").get()).Get("ColumnWidth").Is(Variant::Type::Null));
+}
+
+TEST_F(ModelLook, OnlyWholeColumnsAndRowsAreFitted) {
+  EXPECT_EQ(NumberOf([&] { At("B3:C5").AutoFit(); }), errors::ApplicationDefined);
+  EXPECT_EQ(NumberOf([&] { At("B3:C5").EntireColumn().AutoFit(); }), 0);
 }
 
 TEST_F(ModelLook, FittingWidensAndNarrowsAColumnToItsTexts) {

@@ -30,6 +30,9 @@ class Sheet:
         else:
             self.choose(label)
 
+    def has_button(self, label):
+        return self._button(label) is not None
+
     def choose(self, label):
         """Clicks an entry of the macros' menu."""
         self.player.click_at(*self.player.ask("menu", MENU))

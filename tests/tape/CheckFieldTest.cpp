@@ -71,6 +71,11 @@ TEST_F(CheckField, ALocationOnASheetThatIsNotThereIsRefused) {
   Refused("Nowhere!A1:B9", "Range Address Error");
 }
 
+TEST_F(CheckField, ALocationWithABlankInTheWayOfItsSheetIsRefused) {
+  Start();
+  for (const auto* location : {" Sheet1!B3:C9", "Sheet1 !B3:C9"}) Refused(location, "Range Address Error");
+}
+
 TEST_F(CheckField, TooSmallALocationIsRefusedWithTheSizeItNeeds) {
   Start();
   Refused("Sheet1!A1:B1", "Error: 'Tape location'  = 'Sheet1!A1:B1'. The range must be row>=3 and Column>=2");

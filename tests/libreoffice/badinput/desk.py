@@ -17,6 +17,7 @@ from office_tests import office  # noqa: E402
 
 MACROS = """
 Global made As Object
+Global kept As Object
 Global other As Object
 
 Function ApplicationOf(book)
@@ -32,6 +33,16 @@ End Function
 Function Hand(book)
   Set made.ExcelApplication = ApplicationOf(book)
   Hand = "handed"
+End Function
+
+Function Keep(book)
+  Set kept = ApplicationOf(book)
+  Keep = "kept"
+End Function
+
+Function HandKept()
+  Set made.ExcelApplication = kept
+  HandKept = made.ShowRefEditInterface()
 End Function
 
 Function Tape()

@@ -12,7 +12,8 @@ from demo_office import PICKING, OfficePlay  # noqa: E402
 from demo_play import PROJECT, TAPE, TICKER  # noqa: E402
 from macros_extension import LIBRARY, MODULE, module_text  # noqa: E402
 from macros_extension import main as make_extension  # noqa: E402
-from office_player import OfficePlayer, PlayError  # noqa: E402
+from office_player import OfficePlayer, PlayError  # noqa: E402, it lets the next line find the program's types
+from com.sun.star.beans import PropertyValue  # noqa: E402
 
 BOOK_LIBRARY = "VBAProject"
 
@@ -77,11 +78,29 @@ def test_results(player, folder):
         report(not faults, f"the tapes are in {name} when it is opened again", "; ".join(faults))
 
 
+def opened_in_front(player, path):
+    desktop = player.create("com.sun.star.frame.Desktop")
+    book = desktop.loadComponentFromURL(path.as_uri(), "_blank", 0, (PropertyValue(Name="MacroExecutionMode", Value=4),))
+    player.until(f"{path.name} in front", lambda: desktop.CurrentComponent and desktop.CurrentComponent.URL == book.URL)
+    return book
+
+
+def test_button(player, folder):
+    book = opened_in_front(player, folder / "Pellora.ods")
+    play = OfficePlay(player, folder)
+    play.sheet.maximise()
+    play.sheet.show("Desk")
+    report(play.sheet.has_button("Choose fields..."), "Pellora.ods has its buttons")
+    play.sheet.start("Choose fields...")
+    close(player, PROJECT)
+    report(True, "a button in Pellora.ods shows a dialog")
+    play.sheet.start("Let the library go")
+    book.close(True)
+
+
 def test_menu(player, folder):
     """The menu's macros in a workbook without any; each one needs the application, which a library has to ask for."""
-    desktop = player.create("com.sun.star.frame.Desktop")
-    book = desktop.loadComponentFromURL((folder / "quotes.xlsx").as_uri(), "_blank", 0, ())
-    player.until("quotes.xlsx in front", lambda: desktop.CurrentComponent and desktop.CurrentComponent.URL == book.URL)
+    opened_in_front(player, folder / "quotes.xlsx")
     play = OfficePlay(player, folder)
     play.sheet.maximise()
     play.sheet.show(QUOTES)
@@ -89,6 +108,7 @@ def test_menu(player, folder):
     close(player, PROJECT)
     test_instruments(player, play)
     play.sheet.show("Desk")
+    test_inserted(player, play)
     test_held(player, play)
     test_picking(player, play)
     play.sheet.choose("Let the library go")
@@ -118,6 +138,18 @@ def test_instruments(player, play):
     player.gone(dialog)
     player.until("the instrument in the sheet", lambda: len(play.instruments()) == before + 2)
     report(play.instruments()[-1] == "MENU STK", "the menu adds an instrument to an .xlsx", play.instruments())
+
+
+def test_inserted(player, play):
+    play.sheet.choose("Set up tapes...")
+    dialog = player.wait(TAPE)
+    player.fill(dialog, dialog.box(2), "Desk!Q3:R9")
+    player.press(dialog, "Insert >>")
+    player.gone(dialog)
+    header = play.sheet.document.Sheets.getByName("Desk").getCellRangeByName("Q3")
+    player.until("the tape in the sheet", lambda: header.String == "Local Time")
+    report("Desk!Q3:R9" in play.records()[-1], "the menu inserts a tape into an .xlsx", play.records())
+    play.sheet.choose("Let the library go")
 
 
 def place_in(player, play):
@@ -170,6 +202,10 @@ def main(pipe, samples, folder):
         except PlayError as error:
             report(False, "a user sets up tapes from the menu of an .xlsm", error)
         test_modules(player, samples / "Pellora.bas", folder)
+        try:
+            test_button(player, folder)
+        except PlayError as error:
+            report(False, "a button in Pellora.ods shows a dialog", error)
         try:
             test_menu(player, folder)
         except PlayError as error:

@@ -204,6 +204,24 @@ TEST(AnApplicationHandedIn, IsGoneWithTheLastWorkbook) {
   EXPECT_EQ(kDisconnected, NumberOf([&] { range.Value(); }));
 }
 
+TEST(AnApplicationHandedIn, IsGoneAtEachUseAfterTheLastWorkbook) {
+  CalcDocument document;
+  const auto own = document.Excel();
+  document.Close();
+  const auto excel = HandedIn(own);
+  EXPECT_EQ(kDisconnected, NumberOf([&] { excel.Range("A1"); }));
+  EXPECT_EQ(kDisconnected, NumberOf([&] { excel.Range("A1"); }));
+}
+
+TEST(AnApplicationHandedIn, OutlivesAnotherWorkbook) {
+  CalcDocument other;
+  const CalcDocument document;
+  const auto own = document.Excel();
+  const auto excel = HandedIn(own);
+  other.Close();
+  EXPECT_EQ(0, NumberOf([&] { excel.Range("A1").Value("x"); }));
+}
+
 TEST(AnApplicationHandedIn, HarmsNothingWhenItsWorkbookIsClosedBesideAnother) {
   const CalcDocument other;
   CalcDocument document;

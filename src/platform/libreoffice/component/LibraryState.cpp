@@ -17,11 +17,11 @@ namespace lang = com::sun::star::lang;
 /// Passes the program's end on to the state that lives, if one does.
 class Watch : public cppu::WeakImplHelper1<frame::XTerminateListener> {
  public:
-  explicit Watch(LibraryState& state) : m_state(&state) {}
-  void Forget() { m_state = nullptr; }
+  explicit Watch(std::weak_ptr<LibraryState> state) : m_state(std::move(state)) {}
 
   void SAL_CALL queryTermination(const lang::EventObject&) override {
-    if (m_state && m_state->IsRunning())
+    const auto state = m_state.lock();
+    if (state && state->IsRunning())
       throw frame::TerminationVetoException("A dialog is open.", static_cast<cppu::OWeakObject*>(this));
   }
   void SAL_CALL notifyTermination(const lang::EventObject&) override { End(); }
@@ -29,10 +29,11 @@ class Watch : public cppu::WeakImplHelper1<frame::XTerminateListener> {
 
  private:
   void End() noexcept {
-    if (m_state) m_state->OfficeEnds();
+    if (const auto state = m_state.lock()) state->OfficeEnds();
   }
 
-  LibraryState* m_state;
+  // The program asks on its main thread, while the state may be released on another one.
+  const std::weak_ptr<LibraryState> m_state;
 };
 
 }  // namespace
@@ -40,18 +41,19 @@ class Watch : public cppu::WeakImplHelper1<frame::XTerminateListener> {
 std::shared_ptr<LibraryState> LibraryState::Acquire(const Context& context) {
   static std::weak_ptr<LibraryState> current;
   auto state = current.lock();
-  if (!state) current = state = std::make_shared<LibraryState>(context);
+  if (state) return state;
+  state = std::make_shared<LibraryState>(context);
+  const uno::Reference<frame::XTerminateListener> watch(new Watch(state));
+  frame::Desktop::create(context)->addTerminateListener(watch);
+  state->m_watch = watch;
+  current = state;
   return state;
 }
 
-LibraryState::LibraryState(const Context& context)
-    : m_platform(context), m_watch(new Watch(*this)), m_context(context) {
-  frame::Desktop::create(m_context)->addTerminateListener(m_watch);
-}
+LibraryState::LibraryState(const Context& context) : m_platform(context), m_context(context) {}
 
 LibraryState::~LibraryState() {
-  static_cast<Watch*>(m_watch.get())->Forget();
-  if (m_ended) return;
+  if (m_ended || !m_watch.is()) return;
   try {
     frame::Desktop::create(m_context)->removeTerminateListener(m_watch);
   } catch (...) {
@@ -65,21 +67,27 @@ LibraryState::Membership::Membership(LibraryState* state, PlatformUser& user) : 
   m_state->m_users.insert(&m_user);
 }
 
-LibraryState::Membership::~Membership() {
+void LibraryState::Membership::Leave() {
   if (!m_state) return;
   const std::lock_guard lock(m_state->m_mutex);
   m_state->m_users.erase(&m_user);
+  m_state = nullptr;
 }
 
-void LibraryState::Bury(std::unique_ptr<cPellora> object) {
-  const std::lock_guard lock(m_mutex);
-  m_buried.push_back(std::move(object));
+void LibraryState::Bury(std::shared_ptr<LibraryState>& state, std::unique_ptr<cPellora>& object) {
+  LibraryState& keeper = *state;
+  const std::lock_guard lock(keeper.m_mutex);
+  if (object) keeper.m_buried.push_back(std::move(object));
+  keeper.m_kept = std::move(state);
 }
 
 void LibraryState::LetBuriedGo() {
+  // They go when the list is free again, the state after the objects.
+  std::shared_ptr<LibraryState> kept;
   std::vector<std::unique_ptr<cPellora>> buried;
   const std::lock_guard lock(m_mutex);
   buried.swap(m_buried);
+  kept.swap(m_kept);
 }
 
 bool LibraryState::IsRunning() const {
@@ -92,8 +100,10 @@ void LibraryState::OfficeEnds() noexcept {
   try {
     const mGlobal::ThreadClaim thisThread;
     // They go when the list is free again, as whatever goes with them may want to enter or leave it.
+    std::shared_ptr<LibraryState> kept;
     std::vector<std::unique_ptr<cPellora>> objects;
     const std::lock_guard lock(m_mutex);
+    kept.swap(m_kept);
     objects.swap(m_buried);
     for (PlatformUser* const user : m_users) objects.push_back(user->HandOver());
   } catch (...) {

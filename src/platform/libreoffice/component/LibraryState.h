@@ -31,9 +31,10 @@ class LibraryState {
  public:
   using Context = com::sun::star::uno::Reference<com::sun::star::uno::XComponentContext>;
 
-  /// The one that lives, or a new one. By one thread at a time.
+  /// The one that lives, or a new one. By the thread that has claimed the library.
   static std::shared_ptr<LibraryState> Acquire(const Context& context);
 
+  /// To be made by `Acquire`, which has it watch for the program's end.
   explicit LibraryState(const Context& context);
   ~LibraryState();
   LibraryState(const LibraryState&) = delete;
@@ -43,18 +44,21 @@ class LibraryState {
   class Membership {
    public:
     Membership(LibraryState* state, PlatformUser& user);
-    ~Membership();
+    ~Membership() { Leave(); }
     Membership(const Membership&) = delete;
     Membership& operator=(const Membership&) = delete;
+    /// Ends the entry; the program's end asks nothing of the user any more.
+    void Leave();
 
    private:
     LibraryState* m_state;
     PlatformUser& m_user;
   };
 
-  /// Takes an object whose last reference was dropped while another thread is at work in the library, and lets such
-  /// objects go when nobody is.
-  void Bury(std::unique_ptr<cPellora> object);
+  /// Takes an object whose last reference was dropped while another thread is at work in the library, and with it the
+  /// reference to the state, which lives on as long. Both are empty then.
+  static void Bury(std::shared_ptr<LibraryState>& state, std::unique_ptr<cPellora>& object);
+  /// Lets such objects go. By the thread that has claimed the library and holds a reference to the state.
   void LetBuriedGo();
 
   bool IsRunning() const;
@@ -67,6 +71,8 @@ class LibraryState {
   mutable std::mutex m_mutex;
   std::set<PlatformUser*> m_users;
   std::vector<std::unique_ptr<cPellora>> m_buried;
+  /// The state itself, as long as it has buried objects: they need the platform.
+  std::shared_ptr<LibraryState> m_kept;
   com::sun::star::uno::Reference<com::sun::star::frame::XTerminateListener> m_watch;
   Context m_context;
   std::atomic<bool> m_ended = false;

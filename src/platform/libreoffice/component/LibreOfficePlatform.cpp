@@ -1,10 +1,22 @@
 #include "platform/libreoffice/component/LibreOfficePlatform.h"
 
+#include "core/Error.h"
 #include "core/TextServices.h"
 #include "platform/libreoffice/component/OfficeServices.h"
 #include "support/mGlobal.h"
 
 namespace pellora::libreoffice {
+namespace {
+
+bool IsInForce(const Platform& platform) noexcept {
+  try {
+    return &mGlobal::CurrentPlatform() == &platform;
+  } catch (const Error&) {
+    return false;
+  }
+}
+
+}  // namespace
 
 LibreOfficePlatform::LibreOfficePlatform(
     const com::sun::star::uno::Reference<com::sun::star::uno::XComponentContext>& context)
@@ -25,8 +37,8 @@ LibreOfficePlatform::LibreOfficePlatform(
 }
 
 LibreOfficePlatform::~LibreOfficePlatform() {
-  InstallTextServices(nullptr);
-  mGlobal::InstallPlatform(nullptr);
+  if (&CurrentTextServices() == &m_textServices) InstallTextServices(nullptr);
+  if (IsInForce(m_platform)) mGlobal::InstallPlatform(nullptr);
 }
 
 }  // namespace pellora::libreoffice

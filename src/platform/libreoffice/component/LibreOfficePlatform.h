@@ -15,7 +15,8 @@
 namespace pellora::libreoffice {
 
 /// All seams in the office program, in one place, installed as the current platform for as long as it lives: its
-/// windows, its locale and its way of opening links, and the services of the desktop beneath.
+/// windows, its locale and its way of opening links, and the services of the desktop beneath. One that was installed
+/// since stays.
 class LibreOfficePlatform {
  public:
   explicit LibreOfficePlatform(const com::sun::star::uno::Reference<com::sun::star::uno::XComponentContext>& context);

@@ -33,13 +33,22 @@ constexpr ClassMember kMembers[] = {
     {MemberId::ErrDescription, MemberKind::ReadOnlyProperty, "ErrDescription", {}},
 };
 
+constexpr char kCallMark[] = "()";
+
 }  // namespace
 
 std::span<const ClassMember> ClassMembers() { return kMembers; }
 
+rtl::OUString NameToKeep(const ClassMember& member) {
+  const rtl::OUString name = Wide(member.name);
+  return member.WaitsForUser() ? name + kCallMark : name;
+}
+
 const ClassMember* FindClassMember(const rtl::OUString& name) {
+  rtl::OUString wanted = name;
+  name.endsWith(kCallMark, &wanted);
   for (const ClassMember& member : kMembers)
-    if (name.equalsIgnoreAsciiCase(Wide(member.name))) return &member;
+    if (wanted.equalsIgnoreAsciiCase(Wide(member.name))) return &member;
   return nullptr;
 }
 

@@ -24,11 +24,11 @@ namespace lang = com::sun::star::lang;
 namespace script = com::sun::star::script;
 namespace reflection = com::sun::star::reflection;
 
-// A reference to nothing stands for a null value elsewhere in the program; here it lets an application go.
+// A reference to nothing stands for a null value elsewhere in the program; here it lets an application go. An
+// application is to know its document, whose end alone is its own.
 Variant ApplicationIn(const uno::Any& value, const uno::Reference<uno::XComponentContext>& context) {
   if (value.getValueTypeClass() != uno::TypeClass_INTERFACE) return FromAny(value, context);
-  const uno::Reference<uno::XInterface> object(value, uno::UNO_QUERY);
-  return object.is() ? FromAny(value, context) : Variant(DispatchPtr());
+  return ToDispatch(uno::Reference<uno::XInterface>(value, uno::UNO_QUERY), context);
 }
 
 /// Counts a call that is carried out.
@@ -100,10 +100,6 @@ script::InvocationInfo InfoOf(const ClassMember& member) {
   return info;
 }
 
-Error Interrupted(const ClassMember& member) {
-  return Error(errors::Component(100), "Pellora.cPellora." + std::string(member.name), "cPellora component failure");
-}
-
 }  // namespace
 
 rtl::Reference<UnoPellora> UnoPellora::Create(const Context& context) {
@@ -136,11 +132,15 @@ UnoPellora::UnoPellora(const Context& context, std::shared_ptr<LibraryState> sta
       m_membership(m_state.get(), *this) {}
 
 UnoPellora::~UnoPellora() {
+  // From here on nobody else touches the object within.
+  m_membership.Leave();
   try {
+    // The platform goes by the thread that has claimed the library: another one may be making a new platform.
     const mGlobal::ThreadClaim thisThread;
     m_object.reset();
+    m_state.reset();
   } catch (const Error&) {
-    if (m_state) m_state->Bury(std::move(m_object));
+    if (m_state) LibraryState::Bury(m_state, m_object);
   }
 }
 
@@ -217,17 +217,12 @@ uno::Reference<beans::XIntrospectionAccess> UnoPellora::getIntrospection() {
 
 uno::Any UnoPellora::invoke(const rtl::OUString& name, const uno::Sequence<uno::Any>& given,
                             uno::Sequence<sal_Int16>& positions, uno::Sequence<uno::Any>& written) {
-  const std::uint32_t turn = ++m_invocations;
   return RunForBasic([&] {
     const ClassMember& member = KnownMember(name, true);
     CallArguments arguments(member, given, m_context);
     bool writesBack = false;
     const uno::Any result = Call(member, arguments, writesBack);
-    if (!writesBack) return result;
-    // Basic keeps the variables of one call an object's method: those of this call went when another began, and writing
-    // into them crashes the program.
-    if (m_invocations != turn) throw Interrupted(member);
-    arguments.WriteBack(positions, written);
+    if (writesBack) arguments.WriteBack(positions, written);
     return result;
   });
 }
@@ -272,14 +267,14 @@ uno::Sequence<script::InvocationInfo> UnoPellora::getInfo() {
 
 script::InvocationInfo UnoPellora::getInfoForName(const rtl::OUString& name, sal_Bool exact) {
   const ClassMember* const member = FindClassMember(name);
-  if (!member || (exact && Wide(member->name) != name))
+  if (!member || (exact && Wide(member->name) != name && NameToKeep(*member) != name))
     throw lang::IllegalArgumentException("There is no such member.", Self(), 0);
   return InfoOf(*member);
 }
 
 rtl::OUString UnoPellora::getExactName(const rtl::OUString& approximateName) {
   const ClassMember* const member = FindClassMember(approximateName);
-  return member ? Wide(member->name) : rtl::OUString();
+  return member ? NameToKeep(*member) : rtl::OUString();
 }
 
 uno::Sequence<rtl::OUString> UnoPellora::getSupportedServiceNames() {

@@ -35,6 +35,10 @@ using UnoPelloraBase = cppu::WeakImplHelper3<com::sun::star::script::XInvocation
 /// when it answers true. `AddNewSymbol` writes all of them. A call that fails writes nothing: the program hands no
 /// arguments back with a failure.
 ///
+/// A macro may run while a dialog is open and call the same method again; it is refused like every call then. Basic
+/// would answer it by itself, with nothing, drop the variables of the first call and crash when those are written: see
+/// `getExactName`.
+///
 /// Failures reach Basic with a number that it can hold (`BasicNumber`), and with source, description and number in the
 /// text; `ErrNumber`, `ErrSource` and `ErrDescription` have them apart and whole.
 ///
@@ -78,6 +82,9 @@ class UnoPellora final : public UnoPelloraBase, public ::Pellora::XcPellora, pri
   com::sun::star::script::InvocationInfo SAL_CALL getInfoForName(const rtl::OUString& name, sal_Bool exact) override;
 
   // XExactName
+  /// The name under which Basic keeps a member that it has looked for. A method has one that no macro writes, so that
+  /// it is never found again: each call gets an entry of its own, with variables of its own. Basic has room for one
+  /// call at a time in an entry. Such entries go with Basic's object, which costs a few hundred bytes a call.
   rtl::OUString SAL_CALL getExactName(const rtl::OUString& approximateName) override;
 
   // XServiceInfo
@@ -138,8 +145,6 @@ class UnoPellora final : public UnoPelloraBase, public ::Pellora::XcPellora, pri
   // In the order of making: the object needs the platform, also while it is destroyed.
   std::shared_ptr<LibraryState> m_state;
   std::unique_ptr<cPellora> m_object;
-  /// How many calls have come from Basic.
-  std::atomic<std::uint32_t> m_invocations = 0;
   std::atomic<int> m_running{0};
   std::mutex m_lastMutex;
   Error m_last{0, {}, {}};

@@ -75,6 +75,8 @@ MessageAnswer UnoToolkit::ShowMessage(const Message& message) {
   return AnswerOf(message, result);
 }
 
+// The program's bell is out of a component's reach: its object model has none, and the macro language's own is a
+// statement that only a macro can run.
 void UnoToolkit::Beep() {}
 
 }  // namespace pellora::libreoffice

@@ -31,6 +31,23 @@ int CheckPlain(int file) {
   return status.st_size > kLargestFile ? EFBIG : 0;
 }
 
+/// What root makes in a folder of another one belongs to that one, who would be shut out otherwise. Only for what was
+/// made just now: a file found there may be a link to anything.
+void GiveToOwnerOf(const fs::path& folder, int made) {
+  struct stat above;
+  if (geteuid() != 0 || stat(folder.empty() ? "." : folder.c_str(), &above) != 0) return;
+  [[maybe_unused]] const int allowed = fchown(made, above.st_uid, above.st_gid);
+}
+
+int OpenLock(const std::string& path) {
+  constexpr int kFlags = O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;
+  const int made = Uninterrupted([&] { return open(path.c_str(), kFlags | O_CREAT | O_EXCL, kOwnerOnly); });
+  if (made >= 0) GiveToOwnerOf(fs::path(path).parent_path(), made);
+  if (made >= 0 || errno != EEXIST) return made;
+  // It stays once it is there.
+  return Uninterrupted([&] { return open(path.c_str(), kFlags); });
+}
+
 /// The new content on its way: goes again unless it took the old one's place.
 class Replacement {
  public:
@@ -50,6 +67,7 @@ class Replacement {
     m_there = true;
     return 0;
   }
+  void GiveToOwnerOfFolder() { GiveToOwnerOf(fs::path(m_path).parent_path(), m_file.get()); }
   int TakeOver(const struct stat& old) {
     // Another owner is given back his file; where the system does not allow it, it becomes ours.
     [[maybe_unused]] const int allowed = fchown(m_file.get(), old.st_uid, old.st_gid);
@@ -109,6 +127,7 @@ int ReplaceWholeFile(const std::string& path, std::string_view content) {
   Replacement replacement(path + ".new");
   int status = replacement.Create();
   if (status == 0 && replaces) status = replacement.TakeOver(old);
+  if (status == 0 && !replaces) replacement.GiveToOwnerOfFolder();
   if (status == 0) status = replacement.Write(content);
   if (status == 0) status = replacement.MoveTo(path);
   if (status == 0) SyncFolderOf(path);
@@ -141,7 +160,12 @@ int MakeFolderOf(const std::string& path) {
   fs::path made;
   for (const auto& part : folder) {
     made /= part;
-    if (mkdir(made.c_str(), kFolderOfOwner) == 0 || errno == EEXIST) continue;
+    if (mkdir(made.c_str(), kFolderOfOwner) == 0) {
+      const Descriptor opened(open(made.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NOFOLLOW));
+      if (opened) GiveToOwnerOf(made.parent_path(), opened.get());
+      continue;
+    }
+    if (errno == EEXIST) continue;
     // On the way there may be folders that are there and cannot be made, as on a system that is read-only above.
     std::error_code ignored;
     const int status = errno;
@@ -152,8 +176,7 @@ int MakeFolderOf(const std::string& path) {
 
 int FileLock::Take(const std::string& path, std::chrono::milliseconds patience) {
   const auto end = std::chrono::steady_clock::now() + patience;
-  m_file.attach(Uninterrupted(
-      [&] { return open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, kOwnerOnly); }));
+  m_file.attach(OpenLock(path));
   if (!m_file) return errno;
   while (Uninterrupted([this] { return flock(m_file.get(), LOCK_EX | LOCK_NB); }) != 0) {
     if (errno != EWOULDBLOCK) return errno;

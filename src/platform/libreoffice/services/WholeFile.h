@@ -8,7 +8,8 @@
 
 namespace pellora::libreoffice {
 
-/// Small files that are read and replaced as a whole. Every status is 0 or the system's error number.
+/// Small files that are read and replaced as a whole. Every status is 0 or the system's error number. What root makes
+/// anew, folders and locks too, belongs to the owner of the folder that it is in.
 
 /// Reads a plain file. `content` is written only on success; ENOENT when there is no such file, EFBIG for one of more
 /// than two megabytes.

@@ -7,8 +7,13 @@
 #include "platform/libreoffice/uno/UnoDispatch.h"
 
 /// What this host's object model does differently from the one that it stands for, and what is done instead, in one
-/// table. Rows go by what is observed, not by the program's version: each says when it is needed, and where the program
-/// does right by itself it is left alone.
+/// table. No row goes by the program's version. A row of three kinds:
+///
+/// - Where the object or the arguments show it, the row says when it is needed, and the program is left to do the rest.
+/// - Where only the result shows it, the program does it, and the row's own looks at what came of it.
+/// - Cells and lines are read and written natively always. Whether the program would do it right by now could be found
+///   out only by a trial in the user's own sheet, which would be seen, and be among the steps to undo. Lines that
+///   are no range's are left to the program, as there are no cells to go to.
 namespace pellora::libreoffice {
 
 /// One use of a member.
@@ -34,7 +39,7 @@ struct Difference {
   std::string_view member;
   bool reads, writes;
   Variant (*instead)(const Call&);
-  /// Null when the result shows whether it is needed; `instead` then looks at it.
+  /// Null for the second kind and the third.
   bool (*needed)(const Call&);
   const char* why;
 };

@@ -22,6 +22,7 @@
 #include <com/sun/star/util/XProtectable.hpp>
 #include <cppuhelper/implbase1.hxx>
 
+#include "core/Convert.h"
 #include "platform/libreoffice/uno/Failure.h"
 #include "platform/libreoffice/uno/Text.h"
 #include "platform/libreoffice/uno/Values.h"
@@ -112,9 +113,10 @@ bool IsAlive(const UnoDispatch& object) {
     default: break;
   }
   if (object.owner()) return IsAlive(*object.owner());
-  // An application does not tell whose it is, and one of a document that is gone ends the program: after a document was
-  // closed, one whose document is not known counts as gone.
-  return document.is() && IsOpen(document, object.context());
+  // An application does not tell whose it is: after a document was closed, one whose document is not known counts as
+  // gone.
+  if (!document.is() || !IsOpen(document, object.context())) return false;
+  return object.type().Kind() != ObjectKind::Application || HasDocument(object);
 }
 
 // The session's own document is asked first: it nearly always is the one.
@@ -203,6 +205,13 @@ Model DocumentOf(UnoDispatch& object) {
 }
 
 Reference<XInterface> ActiveDocumentOf(UnoDispatch& object) { return ActiveDocument(DesktopOf(object)); }
+
+bool HasDocument(const UnoDispatch& application) try {
+  // Of all that it has, the names alone are refused without harm when the document that they are looked for in is gone.
+  return ToObject(const_cast<UnoDispatch&>(application).Plain("names", CallKind::Get, {})) != nullptr;
+} catch (...) {
+  return false;
+}
 
 std::shared_ptr<UnoDispatch> ActiveSheetOf(UnoDispatch& application) {
   auto& known = application.session()->active;

@@ -33,6 +33,9 @@ com::sun::star::uno::Reference<com::sun::star::frame::XModel> DocumentOf(UnoDisp
 /// The active document; null when there is none.
 com::sun::star::uno::Reference<com::sun::star::uno::XInterface> ActiveDocumentOf(UnoDispatch& object);
 
+/// True when an application has a document to work on. Without one it would crash the program.
+bool HasDocument(const UnoDispatch& application);
+
 /// The active sheet of the active document, as the object model has it.
 std::shared_ptr<UnoDispatch> ActiveSheetOf(UnoDispatch& application);
 

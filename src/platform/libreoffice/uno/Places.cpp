@@ -70,6 +70,7 @@ std::optional<SheetPart> CheckedPart(std::string_view address, const DispatchPtr
   std::optional<SheetPart> named;
   for (const SheetPart& part : *parts) {
     if (!part.sheet) continue;
+    if (part.local.starts_with(' ')) RefuseRange();
     if (named && !EqualNoCase(*named->sheet, *part.sheet)) RefuseRange();
     if (!named) CheckPart(part, application);
     named = part;

@@ -32,9 +32,9 @@ std::size_t LastOutsideQuotes(std::string_view text, char wanted) {
   return last;
 }
 
-std::string_view Trimmed(std::string_view text) {
+// Blanks may stand before an address, not between its parts.
+std::string_view WithoutBlanksBefore(std::string_view text) {
   while (text.starts_with(' ')) text.remove_prefix(1);
-  while (text.ends_with(' ')) text.remove_suffix(1);
   return text;
 }
 
@@ -54,7 +54,7 @@ SheetPart PartOf(std::string_view piece) {
   const std::size_t mark = LastOutsideQuotes(piece, '!');
   part.local = piece.substr(mark == std::string_view::npos ? 0 : mark + 1);
   if (mark == std::string_view::npos) return part;
-  std::string sheet = Unquoted(Trimmed(piece.substr(0, mark)));
+  std::string sheet = Unquoted(WithoutBlanksBefore(piece.substr(0, mark)));
   const std::size_t close = sheet.find(']');
   if (sheet.starts_with('[') && close != std::string::npos) {
     part.book = sheet.substr(1, close - 1);

@@ -19,17 +19,17 @@ Shown Member(const Shown& object, std::string_view name, std::span<const Variant
   return std::dynamic_pointer_cast<UnoDispatch>(ObjectIn(object->Plain(name, CallKind::Get, arguments)));
 }
 
-// The document that an application handed in by a macro belongs to: the macro's own, or else the active one. Once it is
-// closed the program crashes on the application, also while others are open, so it must be known.
+// The document that an application handed in by a macro works on, which is the active one. The macro's own is not asked
+// for: the program crashes when it was closed before, and has no way to tell.
 Reference<css::frame::XModel> DocumentOfApplication(const Shown& application) {
   const Variant first(1), corner("A1");
-  for (const char* book : {"thisworkbook", "activeworkbook"}) try {
-      const auto sheet = Member(Member(application, book), "worksheets", {&first, 1});
-      if (const auto document = DocumentOf(*Member(sheet, "range", {&corner, 1})); document.is()) return document;
-    } catch (...) {
-      // An application without that workbook.
-    }
-  return {};
+  try {
+    const auto sheet = Member(Member(application, "activeworkbook"), "worksheets", {&first, 1});
+    return DocumentOf(*Member(sheet, "range", {&corner, 1}));
+  } catch (...) {
+    // Its first sheet may be one without cells.
+    return {};
+  }
 }
 
 }  // namespace
@@ -39,6 +39,11 @@ DispatchPtr ToDispatch(const Reference<XInterface>& object, const Reference<css:
   return Guarded([&]() -> DispatchPtr {
     const auto shown = std::make_shared<UnoDispatch>(object, std::make_shared<Session>(Session{context, {}, {}}));
     if (shown->type().Kind() != ObjectKind::Application) return shown;
+    if (!HasDocument(*shown)) {
+      // The workbook was just closed, and the next one is not in front yet: to be asked again before each use.
+      shown->seeClosings(ClosedDocuments(context) - 1);
+      return shown;
+    }
     const auto document = DocumentOfApplication(shown);
     return std::make_shared<UnoDispatch>(object, std::make_shared<Session>(Session{context, document, {}}));
   });
