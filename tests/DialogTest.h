@@ -54,4 +54,7 @@ class DialogTest : public testing::Test {
   headless::HeadlessPlatform platform;
 };
 
+/// What a person does who changes nothing.
+inline void Cancel(headless::UserAtForm& hands) { hands.Click("ButCancel"); }
+
 }  // namespace pellora::tests

@@ -24,19 +24,22 @@ struct CellPlace {
   auto operator<=>(const CellPlace&) const = default;
 };
 
-/// One border line of a cell as the object model numbers it; `style` -4142 is none.
+/// No line or no colour, and the colour that the system has, as the object model numbers them.
+inline constexpr std::int32_t kNone = -4142, kAutomatic = -4105;
+
+/// One border line of a cell as the object model numbers it.
 struct BorderLine {
-  int style = -4142;
+  int style = kNone;
   int weight = 2;
-  int colorIndex = -4105;
+  int colorIndex = kAutomatic;
   bool operator==(const BorderLine&) const = default;
 };
 
 /// A cell's look, as far as it is modelled. Borders in the order diagonal down (5), diagonal up (6), left (7), top (8),
-/// bottom (9), right (10). `interior` -4142 is none.
+/// bottom (9), right (10). `interior` may be `kNone`.
 struct CellFormat {
   BorderLine borders[6];
-  int interior = -4142;
+  int interior = kNone;
   /// The style of the file the cell came from, whose other properties (fonts, number formats) are kept; -1 for none.
   int fileStyle = -1;
   bool operator==(const CellFormat&) const = default;

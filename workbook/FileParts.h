@@ -45,6 +45,9 @@ struct Document::FileParts {
 /// Days between the two ways of counting.
 inline constexpr double kDaysTo1904 = 1462;
 
+/// The standard letters' margin in a column, by which files count its width wider than the object model, in characters.
+inline constexpr double kColumnMargin = 0.7109375;
+
 /// The part that lists the relations of a part: "xl/_rels/workbook.xml.rels" of "xl/workbook.xml".
 std::string RelationsPath(std::string_view path);
 /// The part that a relation of `source` leads to.

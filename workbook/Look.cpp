@@ -10,7 +10,7 @@ namespace {
 
 using A = const Arguments&;
 
-constexpr std::int32_t kNone = -4142, kAutomatic = -4105, kContinuous = 1, kThin = 2;
+constexpr std::int32_t kContinuous = 1, kThin = 2;
 constexpr std::int32_t kPaletteSize = 56;
 constexpr double kWidest = 255;
 

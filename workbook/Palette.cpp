@@ -51,8 +51,8 @@ std::optional<int> PaletteIndex(std::string_view rgb) {
 BorderLine LineOfName(std::string_view name) {
   if (name.empty() || name == "none") return {};
   for (const auto& line : kLines)
-    if (line.name == name) return {line.style, line.weight, -4105};
-  return {1, 2, -4105};
+    if (line.name == name) return {line.style, line.weight, kAutomatic};
+  return {1, 2, kAutomatic};
 }
 
 std::string_view NameOfLine(const BorderLine& line) {

@@ -8,7 +8,7 @@ namespace pellora::workbook {
 namespace {
 
 // A name may refer to a name; a ring of them must end.
-constexpr int kDeepest = 16;
+constexpr int kMostNames = 16;
 // And names of several names must not multiply without end.
 constexpr int kMostPieces = 4096;
 
@@ -107,7 +107,7 @@ class Resolver {
   std::optional<Reference> Name(const std::shared_ptr<Sheet>& base, std::string_view text, int depth) {
     if (!IsNameText(text)) return Fail(ReferenceFault::NotAReference);
     const std::string* refersTo = m_document.FindName(text);
-    if (!refersTo || depth >= kDeepest) return Fail(ReferenceFault::UnknownName);
+    if (!refersTo || depth >= kMostNames) return Fail(ReferenceFault::UnknownName);
     std::string_view meaning = *refersTo;
     if (!meaning.empty() && meaning.front() == '=') meaning.remove_prefix(1);
     return Union(base, meaning, depth + 1);

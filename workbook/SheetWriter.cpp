@@ -6,12 +6,11 @@
 
 #include "core/Convert.h"
 #include "workbook/Area.h"
+#include "workbook/FileParts.h"
 #include "workbook/Showing.h"
 
 namespace pellora::workbook {
 namespace {
-
-constexpr double kColumnMargin = 0.7109375;
 
 constexpr std::string_view kNewSheet =
     R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>

@@ -8,7 +8,7 @@
 namespace pellora::workbook {
 namespace {
 
-constexpr int kNone = -4142, kAutomatic = -4105, kShortDate = 14;
+constexpr int kShortDate = 14;
 // Colour numbers of files: the palette twice, the first time its first eight colours only.
 constexpr int kPaletteShift = 7, kFirstColors = 8, kLastColor = 63;
 

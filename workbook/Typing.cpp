@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::size_t kLongestText = 32767;
 
-std::optional<double> Number(std::string_view text) {
+std::optional<double> TypedNumber(std::string_view text) {
   const bool percent = text.size() > 1 && text.back() == '%';
   if (percent) text.remove_suffix(1);
   try {
@@ -47,7 +47,7 @@ Variant Read(std::string_view text) {
   if (text.front() == '\'') return std::string(text.substr(1));
   if (EqualAsciiNoCase(text, "TRUE")) return true;
   if (EqualAsciiNoCase(text, "FALSE")) return false;
-  if (const auto number = Number(text)) return *number;
+  if (const auto number = TypedNumber(text)) return *number;
   if (const auto days = IsoDate(text)) return Variant::Date(*days);
   if (const auto days = CurrentTextServices().ParseDate(text)) return Variant::Date(*days);
   if (const auto code = ErrorCodeOf(text)) return Variant::CellError(code);

@@ -15,9 +15,6 @@ namespace {
 
 using Kind = XmlReader::Kind;
 
-// The standard letters' width and its margin, in which files count a column.
-constexpr double kColumnMargin = 0.7109375;
-
 // A part's relations: id to type and part.
 struct Relation {
   std::string id, type, path;
@@ -61,7 +58,7 @@ std::vector<std::string> ReadTexts(std::string_view xml) {
   return texts;
 }
 
-double Number(std::string_view text) {
+double NumberOf(std::string_view text) {
   double value = 0;
   const auto [end, fault] = std::from_chars(text.data(), text.data() + text.size(), value);
   if (fault != std::errc{} || end != text.data() + text.size() || !std::isfinite(value))
@@ -120,7 +117,7 @@ class SheetReader {
       const int first = NumberAttribute(column.attributes, "min", 1);
       const int last = std::min(NumberAttribute(column.attributes, "max", first), kMaxColumns);
       if (!width || first < 1) continue;
-      const double characters = std::round(std::max(0.0, Number(*width) - kColumnMargin) * 100) / 100;
+      const double characters = std::round(std::max(0.0, NumberOf(*width) - kColumnMargin) * 100) / 100;
       for (int i = first; i <= last; ++i) m_sheet.columnWidths[i] = characters;
     }
   }
@@ -173,7 +170,7 @@ class SheetReader {
     if (raw.type == "b") return raw.value == "1" || raw.value == "true";
     if (raw.type == "e") return ErrorOf(raw.value);
     if (raw.type == "d") return raw.value;
-    const double number = Number(raw.value);
+    const double number = NumberOf(raw.value);
     if (!m_styles.ShowsDates(style)) return number;
     return Variant::Date(number + (m_parts.from1904 ? kDaysTo1904 : 0));
   }
@@ -184,7 +181,7 @@ class SheetReader {
   }
 
   Variant SharedText(CellPlace place, std::string_view value) {
-    const double number = Number(value);
+    const double number = NumberOf(value);
     if (!(number >= 0 && number < static_cast<double>(m_parts.texts.size())))
       Refuse("A cell of the file holds a text that is not there");
     const auto index = static_cast<std::size_t>(number);

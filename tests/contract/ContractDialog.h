@@ -61,8 +61,6 @@ class ContractDialog : public DialogTest {
   std::unique_ptr<frmAddTicker> form;
 };
 
-inline void Cancel(UserAtForm& hands) { hands.Click("ButCancel"); }
-
 /// A test of what the dialog's lists and boxes hold.
 class ChoiceLists : public ContractDialog {
  protected:

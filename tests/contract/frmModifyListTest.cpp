@@ -9,6 +9,7 @@ namespace pellora {
 namespace {
 
 using headless::UserAtForm;
+using tests::Cancel;
 using Names = std::vector<std::string>;
 
 class frmModifyListTest : public tests::DialogTest {
@@ -33,8 +34,6 @@ class frmModifyListTest : public tests::DialogTest {
   tests::WatchingToolkit watching{platform.toolkit};
   frmModifyList form{watching};
 };
-
-void Cancel(UserAtForm& hands) { hands.Click("ButCancel"); }
 
 TEST_F(frmModifyListTest, ControlsCarryTheirCaptions) {
   EXPECT_EQ(form.ButAdd.Caption(), "Add");

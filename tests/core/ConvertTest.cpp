@@ -5,19 +5,12 @@
 #include <limits>
 
 #include "core/Error.h"
+#include "tests/Raised.h"
 
 namespace pellora {
 namespace {
 
-template <class F>
-std::int32_t NumberRaisedBy(F&& act) {
-  try {
-    act();
-  } catch (const Error& error) {
-    return error.Number();
-  }
-  return 0;
-}
+using test::NumberRaisedBy;
 
 const Variant kNotAvailable = Variant::CellError(static_cast<std::int32_t>(0x800A07FA));
 

@@ -4,9 +4,12 @@
 
 #include "core/Dispatch.h"
 #include "core/Error.h"
+#include "tests/Raised.h"
 
 namespace pellora {
 namespace {
+
+using test::NumberRaisedBy;
 
 class NoMembers : public Dispatch {
  public:
@@ -15,16 +18,6 @@ class NoMembers : public Dispatch {
   }
   bool Has(std::string_view) override { return false; }
 };
-
-template <class F>
-std::int32_t NumberRaisedBy(F&& act) {
-  try {
-    act();
-  } catch (const Error& error) {
-    return error.Number();
-  }
-  return 0;
-}
 
 TEST(Variant, EveryKindOfValueKnowsItsKind) {
   using Type = Variant::Type;

@@ -8,6 +8,7 @@
 #include "forms/Control.h"
 #include "forms/Form.h"
 #include "platform/headless/Headless.h"
+#include "tests/Raised.h"
 
 namespace pellora::test {
 
@@ -56,16 +57,5 @@ class PlainForm : public Form {
     if (Unloads) Unloads();
   }
 };
-
-/// The number of the `Error` that an act raises, 0 for none.
-template <class Act>
-std::int32_t NumberRaisedBy(Act&& act) {
-  try {
-    act();
-  } catch (const Error& error) {
-    return error.Number();
-  }
-  return 0;
-}
 
 }  // namespace pellora::test

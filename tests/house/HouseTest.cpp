@@ -11,12 +11,13 @@
 #include <string>
 #include <vector>
 
+#include "tests/house/Root.h"
+
 namespace {
 
 namespace fs = std::filesystem;
+using house::kRoot;
 using Folders = std::set<std::string>;
-
-const fs::path kRoot = PELLORA_SOURCE_DIR;
 
 struct SourceFile {
   std::string path;  // below the root, with "/"

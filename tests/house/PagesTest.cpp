@@ -9,11 +9,12 @@
 #include <string>
 #include <vector>
 
+#include "tests/house/Root.h"
+
 namespace {
 
 namespace fs = std::filesystem;
-
-const fs::path kRoot = PELLORA_SOURCE_DIR;
+using house::kRoot;
 
 std::vector<fs::path> Pages() {
   std::vector<fs::path> pages = {kRoot / "README.md"};

@@ -8,8 +8,6 @@
 namespace pellora {
 namespace {
 
-constexpr char kComponentFailure[] = "0x800443FC|Pellora.CErrorHandler|CErrorHandler component failure";
-
 class CErrorHandlerCallStack : public ::testing::Test {
  protected:
   CErrorHandlerCallStack() { handler.Init(2, "Error Log.txt", true, false, 2, "Tracing Log.txt"); }
@@ -147,8 +145,8 @@ TEST_F(CErrorHandlerCallStack, TracingLogIsThePathAsGiven) {
 TEST_F(CErrorHandlerCallStack, TracingLogThatCannotBeWrittenIsTheComponentFailure) {
   TraceTo(2);
   platform.logFiles.refuses = true;
-  EXPECT_EQ(Failure([&] { handler.CallStackPush("A", ""); }), kComponentFailure);
-  EXPECT_EQ(Failure([&] { handler.CallStackPop(); }), kComponentFailure);
+  EXPECT_EQ(Failure([&] { handler.CallStackPush("A", ""); }), kHandlerFailure);
+  EXPECT_EQ(Failure([&] { handler.CallStackPop(); }), kHandlerFailure);
 }
 
 TEST_F(CErrorHandlerCallStack, TracingLogThatCannotBeWrittenLeavesTheStackRight) {

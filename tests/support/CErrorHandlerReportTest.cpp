@@ -11,8 +11,6 @@ namespace {
 
 using headless::UserAtForm;
 
-constexpr char kComponentFailure[] = "0x800443FC|Pellora.CErrorHandler|CErrorHandler component failure";
-
 constexpr char kText[] =
     "12/18/2007 - 9:30:00 AM\r\n"
     "\tError: 13, (Type mismatch)\r\n"
@@ -228,12 +226,12 @@ TEST_F(CErrorHandlerReport, EachSetOfActionsDoesWhatItsBitsSay) {
 
 TEST_F(CErrorHandlerReport, LogThatCannotBeWrittenIsTheComponentFailure) {
   platform.logFiles.refuses = true;
-  EXPECT_EQ(Failure([&] { Report(actions::ErrorLog); }), kComponentFailure);
+  EXPECT_EQ(Failure([&] { Report(actions::ErrorLog); }), kHandlerFailure);
 }
 
 TEST_F(CErrorHandlerReport, LogThatCannotBeWrittenEndsTheReportBeforeTheDialogOnPurpose) {
   platform.logFiles.refuses = true;
-  EXPECT_EQ(Failure([&] { Report(15); }), kComponentFailure);
+  EXPECT_EQ(Failure([&] { Report(15); }), kHandlerFailure);
   EXPECT_TRUE(platform.eventLog.entries.empty());
   EXPECT_TRUE(platform.user().Messages().empty());
   EXPECT_TRUE(platform.user().ErrorTexts().empty());
@@ -247,7 +245,7 @@ TEST_F(CErrorHandlerReport, LogThatCannotBeWrittenMattersOnlyWhenItIsAskedFor) {
 
 TEST_F(CErrorHandlerReport, EventLogThatRefusesIsTheComponentFailure) {
   platform.eventLog.refuses = true;
-  EXPECT_EQ(Failure([&] { Report(actions::EventLog | actions::Dialog); }), kComponentFailure);
+  EXPECT_EQ(Failure([&] { Report(actions::EventLog | actions::Dialog); }), kHandlerFailure);
 }
 
 TEST_F(CErrorHandlerReport, FailureIsKeptEvenWhenItsReportFails) {
@@ -259,7 +257,7 @@ TEST_F(CErrorHandlerReport, FailureIsKeptEvenWhenItsReportFails) {
 
 TEST_F(CErrorHandlerReport, DialogWithoutAWindowIsTheComponentFailure) {
   platform.toolkit.refusesPeer = errors::OutOfMemory;
-  EXPECT_EQ(Failure([&] { Report(actions::Dialog); }), kComponentFailure);
+  EXPECT_EQ(Failure([&] { Report(actions::Dialog); }), kHandlerFailure);
 }
 
 TEST_F(CErrorHandlerReport, FailureWhileAnErrorIsShownIsShownToo) {

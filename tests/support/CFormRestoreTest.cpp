@@ -26,7 +26,7 @@ class Window : public Form {
   Label label{*this, "label", ""};
 };
 
-constexpr char kKey[] = "Software\\CORVANE\\Vantix\\Windows settings\\frmAddTicker";
+constexpr char kFormKey[] = "Software\\CORVANE\\Vantix\\Windows settings\\frmAddTicker";
 constexpr const char* kNames[] = {"WindowState",   "MinPosX",      "MinPosY",        "MaxPosX",        "MaxPosY",
                                   "NormalPosLeft", "NormalPosTop", "NormalPosRight", "NormalPosBottom"};
 
@@ -42,7 +42,7 @@ class CFormRestorePlacement : public ::testing::Test {
 
   void Saved(const std::vector<std::string>& values) {
     for (std::size_t i = 0; i < values.size(); ++i)
-      platform.registry.SetValue(kCurrentUser, kKey, kNames[i], values[i]);
+      platform.registry.SetValue(kCurrentUser, kFormKey, kNames[i], values[i]);
   }
   void SavedWithCommand(int command) {
     Saved({std::to_string(command), "-1", "-1", "-1", "-1", "10", "20", "510", "420"});
@@ -114,7 +114,7 @@ TEST_F(CFormRestorePlacement, PlacementIsSavedAsDecimalTexts) {
   restore.SavePosition(form);
   std::map<std::string, RegistryValue> expected;
   const char* const values[] = {"3", "-32000", "-32001", "-8", "-9", "10", "20", "510", "420"};
-  for (std::size_t i = 0; i < std::size(values); ++i) expected[std::string(kKey) + "\\" + kNames[i]] = values[i];
+  for (std::size_t i = 0; i < std::size(values); ++i) expected[std::string(kFormKey) + "\\" + kNames[i]] = values[i];
   EXPECT_EQ(platform.registry.Dump(), expected);
 }
 
@@ -122,7 +122,7 @@ TEST_F(CFormRestorePlacement, KeyNameIsTheParentOfTheFormsSection) {
   restore.KeyName("Elsewhere");
   restore.SavePosition(form);
   EXPECT_TRUE(platform.registry.HasKey(kCurrentUser, "Software\\CORVANE\\Vantix\\Elsewhere\\frmAddTicker"));
-  EXPECT_FALSE(platform.registry.HasKey(kCurrentUser, kKey));
+  EXPECT_FALSE(platform.registry.HasKey(kCurrentUser, kFormKey));
 }
 
 TEST_F(CFormRestorePlacement, NothingIsSavedWhenThePlatformDoesNotTellThePlacement) {
@@ -319,7 +319,7 @@ TEST_F(CFormRestorePlacement, SavedRectangleWithoutAnAreaLeavesTheSize) {
 
 TEST_F(CFormRestorePlacement, NumberInTheRegistryIsAsGoodAsItsText) {
   SavedWithCommand(1);
-  platform.registry.SetValue(kCurrentUser, kKey, "NormalPosLeft", std::int32_t{77});
+  platform.registry.SetValue(kCurrentUser, kFormKey, "NormalPosLeft", std::int32_t{77});
   restore.GetPosition(form);
   EXPECT_EQ(NormalOf(form).left, 77);
 }

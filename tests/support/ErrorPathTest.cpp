@@ -14,8 +14,6 @@
 namespace pellora {
 namespace {
 
-constexpr char kComponentFailure[] = "0x800443FC|Pellora.CErrorHandler|CErrorHandler component failure";
-
 [[noreturn]] void Refuse() { throw Error(errors::InvalidCall); }
 
 /// A toolkit whose calls can be made to raise, one kind at a time.
@@ -50,9 +48,9 @@ struct RefusingClock : Clock {
   double Now() override { Refuse(); }
 };
 
-class Worker : public Routines {
+class Reporter : public Routines {
  public:
-  Worker() : Routines("Worker") {}
+  Reporter() : Routines("Reporter") {}
   using Routines::Push;
   using Routines::routine;
 };
@@ -90,42 +88,42 @@ class ErrorPath : public ::testing::Test {
   headless::HeadlessPlatform base;
   RefusingToolkit toolkit;
   Platform platform{toolkit, base.registry, base.shell, base.clock, base.eventLog, base.logFiles, {}};
-  Worker worker;
+  Reporter worker;
 };
 
 TEST_F(ErrorPath, LogThatCannotBeWrittenAbortsTheRoutine) {
   base.logFiles.refuses = true;
-  EXPECT_EQ(Report(actions::ErrorLog), kComponentFailure);
+  EXPECT_EQ(Report(actions::ErrorLog), kHandlerFailure);
   EXPECT_FALSE(RoutineGoesOn(actions::ErrorLog | actions::Dialog));
 }
 
 TEST_F(ErrorPath, EventLogThatRefusesAbortsTheRoutine) {
   base.eventLog.refuses = true;
-  EXPECT_EQ(Report(actions::EventLog), kComponentFailure);
+  EXPECT_EQ(Report(actions::EventLog), kHandlerFailure);
   EXPECT_FALSE(RoutineGoesOn(actions::EventLog | actions::Dialog));
 }
 
 TEST_F(ErrorPath, MessageBoxThatRaisesAbortsTheRoutine) {
   toolkit.messages = true;
-  EXPECT_EQ(Report(actions::MessageBox), kComponentFailure);
+  EXPECT_EQ(Report(actions::MessageBox), kHandlerFailure);
   EXPECT_FALSE(RoutineGoesOn(actions::MessageBox));
 }
 
 TEST_F(ErrorPath, MessageBoxThatRaisesEndsTheReportBeforeTheDialog) {
   toolkit.messages = true;
-  EXPECT_EQ(Report(actions::MessageBox | actions::Dialog), kComponentFailure);
+  EXPECT_EQ(Report(actions::MessageBox | actions::Dialog), kHandlerFailure);
   EXPECT_TRUE(toolkit.user.ErrorTexts().empty());
 }
 
 TEST_F(ErrorPath, DialogWithoutAWindowAbortsTheRoutine) {
   toolkit.refusesPeer = errors::OutOfMemory;
-  EXPECT_EQ(Report(actions::Dialog), kComponentFailure);
+  EXPECT_EQ(Report(actions::Dialog), kHandlerFailure);
   EXPECT_FALSE(RoutineGoesOn(actions::Dialog));
 }
 
 TEST_F(ErrorPath, DialogThatCannotBeShownAbortsTheRoutine) {
   toolkit.showing = true;
-  EXPECT_EQ(Report(actions::Dialog), kComponentFailure);
+  EXPECT_EQ(Report(actions::Dialog), kHandlerFailure);
   EXPECT_FALSE(RoutineGoesOn(actions::Dialog));
 }
 
@@ -145,14 +143,14 @@ TEST_F(ErrorPath, ClockThatFailsAbortsTheRoutine) {
   RefusingClock clock;
   Platform without{toolkit, base.registry, base.shell, clock, base.eventLog, base.logFiles, {}};
   mGlobal::InstallPlatform(&without);
-  EXPECT_EQ(Report(actions::Dialog), kComponentFailure);
+  EXPECT_EQ(Report(actions::Dialog), kHandlerFailure);
   EXPECT_FALSE(RoutineGoesOn(actions::Dialog));
   mGlobal::InstallPlatform(&platform);
 }
 
 TEST_F(ErrorPath, PlatformTakenAwayAbortsTheRoutine) {
   mGlobal::InstallPlatform(nullptr);
-  EXPECT_EQ(Report(actions::Dialog), kComponentFailure);
+  EXPECT_EQ(Report(actions::Dialog), kHandlerFailure);
   EXPECT_FALSE(RoutineGoesOn(actions::Dialog));
 }
 

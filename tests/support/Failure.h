@@ -8,6 +8,9 @@
 
 namespace pellora {
 
+/// What `Failure` says of a failure inside the error handler.
+inline constexpr char kHandlerFailure[] = "0x800443FC|Pellora.CErrorHandler|CErrorHandler component failure";
+
 /// What a call fails with, as "0x800443FA|source|description"; "none" when it does not fail.
 template <class Call>
 std::string Failure(Call&& call) {

@@ -5,8 +5,6 @@
 namespace pellora::test {
 namespace {
 
-constexpr std::string_view kSettings = "Ticker_tape_settings";
-
 class GotoLastCell : public Desk {
  protected:
   std::string Last(std::string_view sheet) {

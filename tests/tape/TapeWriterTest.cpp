@@ -3,8 +3,6 @@
 namespace pellora::test {
 namespace {
 
-constexpr std::string_view kSettings = "Ticker_tape_settings";
-
 class AddSymbolToSheet : public Desk {
  protected:
   void Start(int tapes = 0) {

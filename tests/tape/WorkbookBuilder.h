@@ -22,6 +22,9 @@ inline Contract Stock(std::string_view ticker) {
   return {ticker, "STK", Variant(), Variant(), Variant(), Variant(), "SMART", Variant(), "USD"};
 }
 
+/// The sheet of the tapes' records.
+inline constexpr std::string_view kSettings = "Ticker_tape_settings";
+
 /// Fills a workbook in a few lines: "Sheet1" (active), "TWS_Quotes", "Ticker_tape_settings", and the names that lead to
 /// them. Instruments and tapes go below each other from row 2.
 class WorkbookBuilder {

@@ -104,7 +104,7 @@ class ClosesItsDocument : public testing::Environment {
   void TearDown() override { TheOffice().Close(); }
 };
 
-[[maybe_unused]] const auto* const registered = testing::AddGlobalTestEnvironment(new ClosesItsDocument);
+[[maybe_unused]] const auto* const closing = testing::AddGlobalTestEnvironment(new ClosesItsDocument);
 
 }  // namespace
 

@@ -15,8 +15,6 @@ class ErrorsInVba : public Errors {};
 INSTANTIATE_TEST_SUITE_P(Basic, ErrorsInVba, testing::Values(Basic::Vba), BasicName);
 INSTANTIATE_TEST_SUITE_P(Basic, Errors, testing::Values(Basic::Plain, Basic::Vba), BasicName);
 
-constexpr char kTenZeros[] = "0, 0, 0, 0, 0, 0, 0, 0, 0, 0";
-
 /// A statement and how it fails.
 struct Case {
   const char* statement;

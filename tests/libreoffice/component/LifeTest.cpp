@@ -23,8 +23,6 @@ std::int32_t NumberOf(const std::function<void()>& call) {
   return 0;
 }
 
-constexpr char kTenZeros[] = "0, 0, 0, 0, 0, 0, 0, 0, 0, 0";
-
 TEST_P(Life, AnObjectThatIsReleasedWhileItsDialogIsOpenFinishesItsCall) {
   ::Pellora::XcPellora* const last = m_library.get();
   AtForm("frmNewProject", [&](UserAtForm& user) {

@@ -111,6 +111,9 @@ class MacroTest : public testing::TestWithParam<Basic> {
   MacroDocument m_document;
 };
 
+/// The arguments of `CreateNewProject`.
+inline constexpr char kTenZeros[] = "0, 0, 0, 0, 0, 0, 0, 0, 0, 0";
+
 inline std::string BasicName(const testing::TestParamInfo<Basic>& info) {
   return info.param == Basic::Vba ? "Vba" : "Plain";
 }

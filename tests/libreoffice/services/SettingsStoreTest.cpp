@@ -12,7 +12,7 @@
 namespace pellora::libreoffice {
 namespace {
 
-constexpr char kKey[] = "Software\\CORVANE\\Vantix\\S";
+constexpr char kStoreKey[] = "Software\\CORVANE\\Vantix\\S";
 
 struct InMemory {
   headless::MemoryRegistry registry;
@@ -79,12 +79,12 @@ TYPED_TEST(SettingsStore, ReplacesAValueOfTheNameInAnyCaseAndOfAnyKind) {
 
 TYPED_TEST(SettingsStore, GivesTheDefaultForWhatIsMissingAndCreatesNothing) {
   EXPECT_EQ(this->Get("Name"), Variant("otherwise"));
-  EXPECT_FALSE(this->HasKey(kCurrentUser, kKey));
+  EXPECT_FALSE(this->HasKey(kCurrentUser, kStoreKey));
 }
 
 TYPED_TEST(SettingsStore, GivesTheDefaultForAnotherKindOfValue) {
-  this->registry.SetValue(kCurrentUser, kKey, "Name", RegistryUnknown{});
-  EXPECT_EQ(this->registry.QueryValue(kCurrentUser, kKey, "Name"), RegistryValue(RegistryUnknown{}));
+  this->registry.SetValue(kCurrentUser, kStoreKey, "Name", RegistryUnknown{});
+  EXPECT_EQ(this->registry.QueryValue(kCurrentUser, kStoreKey, "Name"), RegistryValue(RegistryUnknown{}));
   EXPECT_EQ(this->Get("Name"), Variant("otherwise"));
 }
 
@@ -109,22 +109,22 @@ TYPED_TEST(SettingsStore, RefusesTheListOfAMissingSection) {
 TYPED_TEST(SettingsStore, KeepsTheRootsApart) {
   this->settings.RootKey(kLocalMachine);
   this->Save("Name", "text");
-  EXPECT_TRUE(this->HasKey(kLocalMachine, kKey));
-  EXPECT_FALSE(this->HasKey(kCurrentUser, kKey));
+  EXPECT_TRUE(this->HasKey(kLocalMachine, kStoreKey));
+  EXPECT_FALSE(this->HasKey(kCurrentUser, kStoreKey));
 }
 
 TYPED_TEST(SettingsStore, DeletesASection) {
   this->Save("Name", "text");
   this->settings.DeleteSetting("S", "");
-  EXPECT_FALSE(this->HasKey(kCurrentUser, kKey));
+  EXPECT_FALSE(this->HasKey(kCurrentUser, kStoreKey));
   EXPECT_EQ(this->Get("Name"), Variant("otherwise"));
 }
 
 TYPED_TEST(SettingsStore, DeletesTheKeyBelowOnly) {
   this->Save("B", "x", "S\\Below");
   this->settings.DeleteSetting("s", "below");
-  EXPECT_FALSE(this->HasKey(kCurrentUser, std::string(kKey) + "\\Below"));
-  EXPECT_TRUE(this->HasKey(kCurrentUser, kKey));
+  EXPECT_FALSE(this->HasKey(kCurrentUser, std::string(kStoreKey) + "\\Below"));
+  EXPECT_TRUE(this->HasKey(kCurrentUser, kStoreKey));
 }
 
 constexpr char kNotDeleted[] = "0x80044282|Pellora.CAppSetting|Failed deleting the application setting";
@@ -138,7 +138,7 @@ TYPED_TEST(SettingsStore, DeletesNoSavedValueOnPurpose) {
 TYPED_TEST(SettingsStore, DeletesNoKeyWithKeysBelow) {
   this->Save("B", "x", "S\\Below");
   EXPECT_EQ(Failure([&] { this->settings.DeleteSetting("S", ""); }), kNotDeleted);
-  EXPECT_TRUE(this->HasKey(kCurrentUser, std::string(kKey) + "\\Below"));
+  EXPECT_TRUE(this->HasKey(kCurrentUser, std::string(kStoreKey) + "\\Below"));
 }
 
 TYPED_TEST(SettingsStore, DeletesNothingThatIsMissing) {

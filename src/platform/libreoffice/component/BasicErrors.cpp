@@ -27,7 +27,7 @@ constexpr std::int32_t kBasicNumbers[] = {
     errors::ArgumentNotOptional, errors::WrongArgumentCount, errors::ApplicationDefined,
 };
 
-std::string Message(const Error& error) {
+std::string PlainText(const Error& error) {
   return error.Source().empty() ? error.Description() : error.Source() + ": " + error.Description();
 }
 
@@ -56,7 +56,7 @@ std::int32_t BasicNumber(std::int32_t number) {
   return known ? number : kAutomationError;
 }
 
-std::string BasicText(const Error& error) { return Message(error) + " (" + std::to_string(error.Number()) + ")"; }
+std::string BasicText(const Error& error) { return PlainText(error) + " (" + std::to_string(error.Number()) + ")"; }
 
 BasicErrorException ForBasic(const Error& error, const uno::Reference<uno::XInterface>& source) {
   const rtl::OUString text = Wide(BasicText(error));
@@ -70,7 +70,7 @@ InvocationTargetException WrappedForBasic(const Error& error, const uno::Referen
 }
 
 BasicErrorException ForCallers(const Error& error, const uno::Reference<uno::XInterface>& source) {
-  return BasicErrorException(Wide(Message(error)), source, error.Number(), Wide(error.Description()));
+  return BasicErrorException(Wide(PlainText(error)), source, error.Number(), Wide(error.Description()));
 }
 
 }  // namespace pellora::libreoffice

@@ -13,7 +13,7 @@
 namespace pellora::libreoffice {
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r\n";
+constexpr std::string_view kBetweenWords = " \t\r\n";
 
 class SpawnActions {
  public:
@@ -83,7 +83,7 @@ std::vector<std::string> CommandWords(std::string_view parameters) {
     if (c == '"') {
       word();
       inQuotes = !inQuotes;
-    } else if (!inQuotes && kBlanks.find(c) != std::string_view::npos) {
+    } else if (!inQuotes && kBetweenWords.find(c) != std::string_view::npos) {
       inWord = false;
     } else {
       word() += c;

@@ -10,14 +10,14 @@ namespace pellora::libreoffice {
 namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-constexpr std::string_view kBlanks = " \t\r";
+constexpr std::string_view kAroundNames = " \t\r";
 constexpr std::string_view kWelcome =
     "# Settings, one a line: keys in brackets, their values below. Texts are in quotes, where %0A is a line break.";
 
 std::string_view Trim(std::string_view text) {
-  const auto first = text.find_first_not_of(kBlanks);
+  const auto first = text.find_first_not_of(kAroundNames);
   return first == std::string_view::npos ? std::string_view()
-                                         : text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+                                         : text.substr(first, text.find_last_not_of(kAroundNames) - first + 1);
 }
 
 std::string Encode(std::string_view text) {

@@ -80,8 +80,6 @@ Reference<css::table::XCell> FirstCell(UnoDispatch& range) {
   return cells.is() ? cells->getCellByPosition(0, 0) : Reference<css::table::XCell>();
 }
 
-bool IsMarked(const Variant& value) { return value.Is(Variant::Type::String) && value.String().starts_with('\''); }
-
 Variant WithoutDates(const Variant& value) { return value.Is(Variant::Type::Date) ? Variant(value.DateDays()) : value; }
 
 // A formula as the spreadsheet has it: a link to another program in its short form, a text that reads as a number
@@ -124,6 +122,8 @@ std::string Bare(std::string_view text) {
 }
 
 }  // namespace
+
+bool IsMarked(const Variant& value) { return value.Is(Variant::Type::String) && value.String().starts_with('\''); }
 
 Variant CellErrorOf(std::int32_t nativeError) {
   for (const auto& pair : kErrors)

@@ -5,6 +5,8 @@
 /// The rows of the table that are about what cells hold.
 namespace pellora::libreoffice {
 
+/// Whether a value is text by the mark of an apostrophe before it.
+bool IsMarked(const Variant& value);
 Variant ReadValue(const Call& call);
 /// As `ReadValue`, dates as their numbers.
 Variant ReadValue2(const Call& call);

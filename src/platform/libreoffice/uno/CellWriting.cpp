@@ -30,8 +30,6 @@ using Cells = Reference<css::table::XCellRange>;
 // How a value comes into a cell.
 enum class Way { Plain, Text, Formula, Date };
 
-bool IsMarked(const Variant& value) { return value.Is(Variant::Type::String) && value.String().starts_with('\''); }
-
 Way WayOf(const Variant& value) {
   if (IsMarked(value)) return Way::Text;
   if (value.Is(Variant::Type::Error)) return Way::Formula;

@@ -29,12 +29,12 @@ bool IsNumber(const Variant& value) {
   return value.Is(Variant::Type::Integer) || value.Is(Variant::Type::Long) || value.Is(Variant::Type::Double);
 }
 
-UnoDispatch* Shown(const Variant& value) {
+UnoDispatch* AsShown(const Variant& value) {
   return value.Is(Variant::Type::Object) ? dynamic_cast<UnoDispatch*>(value.Object().get()) : nullptr;
 }
 
 UnoDispatch& ShownRange(const Variant& value) {
-  UnoDispatch* range = Shown(value);
+  UnoDispatch* range = AsShown(value);
   if (!range || range->type().Kind() != ObjectKind::Range) Refuse("The answer is not a range");
   return *range;
 }
@@ -172,9 +172,9 @@ Variant RangeOfWorksheet(const Call& call) {
 
 Variant IntersectionOnOneSheet(const Call& call) {
   const Variant common = call.Plain();
-  if (Shown(common)) return common;
+  if (AsShown(common)) return common;
   for (const Variant& argument : call.arguments)
-    if (Shown(argument) && SheetIndexOf(ShownRange(argument)) != SheetIndexOf(ShownRange(call.At(0))))
+    if (AsShown(argument) && SheetIndexOf(ShownRange(argument)) != SheetIndexOf(ShownRange(call.At(0))))
       Refuse("Method 'Intersect' of object '_Application' failed");
   return common;
 }
