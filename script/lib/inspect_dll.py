@@ -18,6 +18,9 @@ SYSTEM = {
 # Relocatable to random places, data is not run, and on 64-bit the places are far apart.
 FLAGS = {"x86-64": ["DYNAMIC_BASE", "NX_COMPAT", "HIGH_ENTROPY_VA"], "i386": ["DYNAMIC_BASE", "NX_COMPAT"]}
 
+# What only the compiler's own library of threads would ask for, which keeps handles for as long as the process lives.
+OF_THREADS = {"CreateSemaphoreA", "AddVectoredExceptionHandler"}
+
 DOORS = {"DllCanUnloadNow", "DllGetClassObject", "DllRegisterServer", "DllUnregisterServer"}
 MORE_DOORS = {"DllInstall"}
 
@@ -59,6 +62,8 @@ def main():
     check(imports and imports <= SYSTEM, "imports system DLLs only", ", ".join(sorted(imports - SYSTEM)))
     exports = re.findall(r"^\s*\[\s*\d+\]\s+(?:\+base\[\s*\d+\]\s+[0-9a-f]+\s+)?(\S+)$", dump, re.MULTILINE)
     check(set(exports) - MORE_DOORS == DOORS, "exports the doors of a server and no more", ", ".join(exports))
+    asked = set(re.findall(r"^\t[0-9a-f]+\t\s+\d+\s+(\S+)$", dump, re.MULTILINE))
+    check(len(asked) > 100 and not asked & OF_THREADS, "keeps nothing for threads", ", ".join(asked & OF_THREADS))
     with open(path, "rb") as file:
         content = file.read()
     check(len(content) < 1_500_000, "is smaller than 1.5 MB", str(len(content)))

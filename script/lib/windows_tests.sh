@@ -13,15 +13,21 @@ broken() {
 # display and in a prefix of its own, of that bitness. Expects `results`, the folder for what comes out. The test of the
 # archive links the libraries anew: it is for `run_package_test`.
 run_windows_tests() {
-  local bits=$1 parts=() part
+  local bits=$1 part parts=() played=(automation dialogs failures lists)
   mkdir -p "$results/windows-$bits"
-  # The longest program by itself.
-  ( _on_its_own "server-$bits" "win$bits"; _run_programs "$bits" -name test_windows_server.exe ) &
-  parts+=($!)
-  ( _on_its_own "programs-$bits" "win$bits"; _run_programs "$bits" -name 'test_*.exe' ! -name test_windows_server.exe ) &
-  parts+=($!)
-  ( _on_its_own "test-$bits" "win$bits"; _run_clients "$bits" )
+  # The longest programs by themselves.
+  _beside server _run_programs "$bits" -name test_windows_server.exe
+  _beside winforms _run_programs "$bits" -name test_winforms.exe
+  _beside programs _run_programs "$bits" -name 'test_*.exe' ! -name test_windows_server.exe ! -name test_winforms.exe
+  _beside dialogs _run_clients "$bits" "${played[@]}"
+  _beside test _run_clients "$bits" $(_clients_without lib package "${played[@]}")
   for part in "${parts[@]}"; do wait "$part"; done
+}
+
+# _beside NAME VERB BITS...: starts one of the parts of run_windows_tests.
+_beside() {
+  ( _on_its_own "$1-$3" "win$3"; "${@:2}" ) &
+  parts+=($!)
 }
 
 # What a part that runs beside others needs for itself; it is given back when the part ends.
@@ -43,15 +49,7 @@ _run_programs() {
 }
 
 _run_program() {
-  local program=$1 report=$2 said=$logs/program.$BASHPID.txt status=0
-  run_wine 300 "$program" --gtest_brief=1 "--gtest_output=xml:$(windows_path "$report")" >"$said" 2>&1 || status=$?
-  if never_started "$said"; then
-    status=0
-    run_wine 300 "$program" --gtest_brief=1 "--gtest_output=xml:$(windows_path "$report")" >"$said" 2>&1 || status=$?
-  fi
-  cat "$said"
-  rm -f "$said"
-  return "$status"
+  run_wine 300 "$1" --gtest_brief=1 "--gtest_output=xml:$(windows_path "$2")"
 }
 
 # make_package: makes the archive twice and compares; for when nobody uses the libraries, which are linked anew.
@@ -67,12 +65,19 @@ run_package_test() {
   ( _at_exit=(); trap _run_at_exit EXIT; start_display; PELLORA_ARCHIVE=$results/package.zip _run_script 64 tests/windows/package.sh )
 }
 
-_run_clients() {
-  local script
-  for script in tests/windows/*.sh; do
-    [[ $script != */lib.sh && $script != */package.sh ]] || continue
-    _run_script "$1" "$script"
+# _clients_without NAME...: the scripts of tests/windows but these.
+_clients_without() {
+  local name
+  for name in tests/windows/*.sh; do
+    name=$(basename "$name" .sh)
+    [[ " $* " == *" $name "* ]] || printf '%s\n' "$name"
   done
+}
+
+_run_clients() {
+  local bits=$1 name
+  shift
+  for name; do _run_script "$bits" "tests/windows/$name.sh"; done
 }
 
 _run_script() {

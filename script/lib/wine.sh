@@ -3,21 +3,25 @@
 # start_wine [NAME [win64|win32]]: prepares the environment of the private prefix build/wine-NAME, makes the prefix when
 # it is not there yet, and keeps its server running until the script ends.
 start_wine() {
+  local new=$root/build/wine-new-${2:-win64}
   export WINEPREFIX=$root/build/wine${1:+-$1} WINEDEBUG=-all WINEARCH=${2:-win64}
   # No .NET, no HTML engine, and no debugger: after a crash it would wait for somebody to look.
   export WINEDLLOVERRIDES="mscoree=;mshtml=;winedbg.exe="
   command -v wine >/dev/null || fail "Wine is not installed"
   _prefer_loader
   at_exit "stop_wine"
-  # The programs of a warm server start in a tenth of a second. Its output is closed, or whoever reads ours waits for
-  # the server's end.
-  wineserver -p60 </dev/null >/dev/null 2>&1 || true
-  if [[ ! -f $WINEPREFIX/.prepared ]]; then
-    timeout -k 5 120 wineboot -i </dev/null >"$logs/wineboot.log" 2>&1 || fail "the Wine prefix could not be made"
-    _prepare_prefix
-    touch "$WINEPREFIX/.prepared"
-  fi
+  # The programs of a warm server start in a tenth of a second, and what lasts only for a session lasts from one program
+  # to the next. The server needs the folder to be there; without one each program would have a server of its own, which
+  # is on its way out while the next one starts. Its output is closed, or whoever reads ours waits for the server's end.
+  [[ -f $WINEPREFIX/.prepared ]] || _copy_prefix "$new" || fail "the Wine prefix could not be made"
+  wineserver -p300 </dev/null >/dev/null 2>&1 || true
   run_wine 60 cmd /c exit
+}
+
+# start_new_wine NAME [win64|win32]: the same with a prefix in which nothing was ever run.
+start_new_wine() {
+  rm -rf "$root/build/wine-$1"
+  start_wine "$@"
 }
 
 stop_wine() {
@@ -26,16 +30,33 @@ stop_wine() {
   PATH=${PATH#"$root/build/wine64-bin:"}
 }
 
-# run_wine SECONDS PROGRAM...: runs a Windows program with a time limit. Ends with the program's code, or 124.
+# run_wine SECONDS PROGRAM...: runs a Windows program with a time limit; what it prints comes when it has ended. Ends
+# with the program's code, or 124.
 run_wine() {
-  local seconds=$1
-  shift
-  timeout -k 5 "$seconds" wine "$@" </dev/null
+  local said status=0
+  said=$(mktemp)
+  _run_wine_once "$@" >"$said" || status=$?
+  if _never_started "$said"; then
+    status=0
+    _run_wine_once "$@" >"$said" || status=$?
+  fi
+  cat "$said"
+  rm -f "$said"
+  return "$status"
 }
 
-# never_started FILE: true when the output in FILE says that Wine did not get the program to start. It happens once in a
-# thousand starts on a busy machine and says nothing of the program: one more try is due.
-never_started() { grep -q 'ShellExecuteEx failed' "$1"; }
+# A program of the system goes by its bare name. By its path Wine starts it at once; for a name it starts a program that
+# looks for it and starts it in turn.
+_run_wine_once() {
+  local seconds=$1 program=$2
+  shift 2
+  [[ ! -f $WINEPREFIX/drive_c/windows/system32/$program.exe ]] || program="C:\\windows\\system32\\$program.exe"
+  timeout -k 5 "$seconds" wine "$program" "$@" </dev/null
+}
+
+# _never_started FILE: true when the output in FILE says that Wine did not get the program to start. It happens once in
+# a thousand starts on a busy machine and says nothing of the program, of which nothing ran: one more try is due.
+_never_started() { grep -q 'ShellExecuteEx failed' "$1"; }
 
 # set_user_value KEY NAME TYPE DATA: writes below HKEY_CURRENT_USER.
 set_user_value() {
@@ -73,32 +94,79 @@ _prefer_loader() {
   [[ :$PATH: == *":$root/build/wine64-bin:"* ]] || export PATH=$root/build/wine64-bin:$PATH
 }
 
-_prepare_prefix() {
-  # Windows draw their own captions and take the focus at once: the same with and without a window manager.
-  set_user_value 'Software\Wine\X11 Driver' Managed REG_SZ N
-  # Debian's Wine does not find its own symbol font, with which the buttons of a caption are drawn.
-  cp /usr/share/wine/fonts/marlett.ttf "$WINEPREFIX/drive_c/windows/Fonts/"
-  # The platform's dialog font and size of today, as near as a free font comes, smoothed without colours.
-  local font="DejaVu Sans Condensed" name
-  for name in "MS Shell Dlg" "MS Shell Dlg 2" "Segoe UI" "Tahoma"; do
-    run_wine 30 reg add 'HKLM\Software\Microsoft\Windows NT\CurrentVersion\FontSubstitutes' \
-      /v "$name" /t REG_SZ /d "$font" /f >/dev/null
-  done
-  # Where that font has no sign, as for Chinese and Japanese names, this one has.
-  run_wine 30 reg add 'HKLM\Software\Microsoft\Windows NT\CurrentVersion\FontLink\SystemLink' /v "$font" \
-    /t REG_MULTI_SZ /d 'wqy-microhei.ttc,WenQuanYi Micro Hei' /f >/dev/null
-  for name in CaptionFont IconFont MenuFont MessageFont SmCaptionFont StatusFont; do
-    set_user_value 'Control Panel\Desktop\WindowMetrics' "$name" REG_BINARY "$(_font_record -12 "$font")"
-  done
-  set_user_value 'Control Panel\Desktop' FontSmoothing REG_SZ 2
-  set_user_value 'Control Panel\Desktop' FontSmoothingType REG_DWORD 1
+# _copy_prefix NEW: a prefix takes ten seconds to make, so that one is kept in which nothing was ever run. Copies share
+# its files, but for the registry: Wine never writes into a program.
+_copy_prefix() {
+  local new=$1 file
+  (
+    flock 9
+    [[ -f $new/.prepared ]] || WINEPREFIX=$new _make_prefix
+  ) 9>"$new.lock" || return 1
+  rm -rf "$WINEPREFIX"
+  cp -al "$new" "$WINEPREFIX"
+  for file in "$WINEPREFIX"/*.reg; do cp "$file" "$file.own" && mv "$file.own" "$file"; done
 }
 
-# _font_record HEIGHT NAME: a LOGFONTW in hexadecimal digits, as the registry keeps the fonts of windows.
-_font_record() {
-  python3 - "$1" "$2" <<'PYTHON'
-import struct, sys
-name = sys.argv[2].encode("utf-16-le")[:62]
-print((struct.pack("<5i8B", int(sys.argv[1]), 0, 0, 0, 400, 0, 0, 0, 1, 0, 0, 0, 0x22) + name.ljust(64, b"\0")).hex())
+_make_prefix() {
+  rm -rf "$WINEPREFIX"
+  mkdir -p "$WINEPREFIX"
+  # The server must not keep the lock, which a later one would wait for.
+  timeout -k 5 120 wineboot -i </dev/null >"$logs/wineboot.log" 2>&1 9>&- || return 1
+  _prepare_prefix 9>&-
+  timeout -k 1 10 wineserver -k </dev/null >/dev/null 2>&1 9>&- || true
+  touch "$WINEPREFIX/.prepared"
+}
+
+_prepare_prefix() {
+  # Debian's Wine does not find its own symbol font, with which the buttons of a caption are drawn.
+  cp /usr/share/wine/fonts/marlett.ttf "$WINEPREFIX/drive_c/windows/Fonts/"
+  local settings=$WINEPREFIX/settings.reg
+  _settings >"$settings"
+  run_wine 60 reg import "$(windows_path "$settings")" >/dev/null 2>&1 || fail "the Wine prefix could not be prepared"
+}
+
+# _settings: what a prefix is prepared with, in the registry editor's form.
+_settings() {
+  python3 - <<'PYTHON'
+import struct
+
+# The platform's dialog font and size of today, as near as a free font comes, smoothed without colours. Where that font
+# has no sign, as for Chinese and Japanese names, the other one has.
+FONT = "DejaVu Sans Condensed"
+ASIAN = "wqy-microhei.ttc,WenQuanYi Micro Hei"
+
+
+def text(value):
+    return f'"{value}"'
+
+
+def data(content, kind=""):
+    return f"hex{kind}:" + ",".join(f"{byte:02x}" for byte in content)
+
+
+def font_record(height):
+    """A LOGFONTW, as the registry keeps the fonts of windows."""
+    name = FONT.encode("utf-16-le")[:62]
+    return struct.pack("<5i8B", height, 0, 0, 0, 400, 0, 0, 0, 1, 0, 0, 0, 0x22) + name.ljust(64, b"\0")
+
+
+PARTS = ["CaptionFont", "IconFont", "MenuFont", "MessageFont", "SmCaptionFont", "StatusFont"]
+SETTINGS = {
+    # Windows draw their own captions and take the focus at once: the same with and without a window manager.
+    r"HKEY_CURRENT_USER\Software\Wine\X11 Driver": {"Managed": text("N")},
+    r"HKEY_LOCAL_MACHINE\Software\Microsoft\Windows NT\CurrentVersion\FontSubstitutes": {
+        name: text(FONT) for name in ["MS Shell Dlg", "MS Shell Dlg 2", "Segoe UI", "Tahoma"]
+    },
+    r"HKEY_LOCAL_MACHINE\Software\Microsoft\Windows NT\CurrentVersion\FontLink\SystemLink": {
+        FONT: data((ASIAN + "\0\0").encode("ascii"), "(7)")
+    },
+    r"HKEY_CURRENT_USER\Control Panel\Desktop\WindowMetrics": {part: data(font_record(-12)) for part in PARTS},
+    r"HKEY_CURRENT_USER\Control Panel\Desktop": {"FontSmoothing": text("2"), "FontSmoothingType": "dword:00000002"},
+}
+print("REGEDIT4")
+for key, values in SETTINGS.items():
+    print(f"\n[{key}]")
+    for name, value in values.items():
+        print(f'"{name}"={value}')
 PYTHON
 }

@@ -8,7 +8,7 @@
 
 built=${PELLORA_BUILD:-$root/build/win64}
 desk=$root/build/clients/package
-rm -rf "$desk" "$root/build/wine-package"
+rm -rf "$desk"
 mkdir -p "$desk/nobody"
 
 # verdict NAME COMMAND...: a line for whether the command succeeds.
@@ -40,7 +40,7 @@ if [[ -n ${PELLORA_MAKE_ONLY:-} ]]; then
 fi
 
 [[ -n ${PELLORA_WINE_RUNS:-} ]] || start_display
-start_wine package
+start_new_wine package
 python3 -m zipfile -e "$desk/first.zip" "$desk/My downloads"
 home=$WINEPREFIX/drive_c/users/$(id -un)/AppData/Local/Pellora
 

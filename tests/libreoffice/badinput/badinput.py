@@ -1,50 +1,21 @@
-"""What goes wrong around the installed extension: badinput.py PIPE PID FOLDER
+"""What goes wrong around the installed extension: badinput.py PIPE PID FOLDER [last]
 
-Prints a line "ok NAME" or "not ok NAME" a test. In the end the program is told to end while a dialog is open.
+Prints a line "ok NAME" or "not ok NAME" a test. In the end a dialog is open, for the program to be told to end; with "last"
+there is one document only, and the user has ended the program.
 """
 
-import os
 import random
 import sys
-from pathlib import Path
 
-from desk import Desk, root  # noqa: F401, it lets the next lines find their modules
+from desk import Desk  # it lets the next lines find their modules
 from installed import check
+from leaving import closed_by_macro, closed_by_user, extension, macros_elsewhere, name_of, window_gone
 from places import some
+from states import PROJECT, SETTINGS, TAPE, TICKER, cells, close_tape, insert
+from stored import settings
+from user import User
 
-TAPE, PROJECT, TICKER = "Ticker tape", "Choose market data fields for project ", "Add new ticker"
-SETTINGS = "Ticker_tape_settings"
 BUSY = "440 "
-
-
-def cells(book):
-    """All that a workbook holds, and where its user is."""
-    areas = []
-    for sheet in (book.Sheets.getByName(name) for name in book.Sheets.ElementNames):
-        cursor = sheet.createCursor()
-        cursor.gotoEndOfUsedArea(False)
-        end = cursor.RangeAddress
-        areas.append(sheet.getCellRangeByPosition(0, 0, end.EndColumn, end.EndRow).FormulaArray)
-    view = book.CurrentController
-    return areas, view.ActiveSheet.Name, view.Selection.AbsoluteName, book.hasControllersLocked()
-
-
-def insert(desk, text, *steps, button="Insert"):
-    """Types a place in the open tape dialog and inserts; answers what the dialogs said that the steps answer."""
-    desk.wait(TAPE)
-    desk.hand("put", TAPE, 2, text)
-    desk.press(TAPE, button)
-    said = []
-    for title, answer in steps:
-        said.append(" ".join(desk.wait(title)[1]))
-        desk.press(title, answer)
-        desk.gone(title)
-    return said
-
-
-def close_tape(desk, number):
-    desk.press(TAPE, "Cancel")
-    return desk.end(number)
 
 
 def places(desk):
@@ -71,20 +42,53 @@ def places(desk):
     book.close(True)
 
 
-def read_only(desk):
-    for name in ("a file opened for reading only", "a protected settings sheet"):
+def typed_places(desk, user):
+    """Sheets and documents that there are, or are not, elsewhere; by a user's own keys."""
+    other, book = desk.open(), desk.open()
+    desk.run("Take", book)
+    before = cells(other), cells(book)
+    number = desk.start("Tape")
+    dialog = user.wait(TAPE)
+    for text in ("nosuch!A1:C20", "[other.ods]Sheet1!A1:C20", f"[{name_of(other)}]Desk!A1:C20"):
+        user.fill(dialog, dialog.box(2), text)
+        user.press(dialog, "Insert & new")
+        check(f"typed, {text[:14]} is refused", lambda: (user.answer("Vantix", "OK"), "Range Address Error"))
+        dialog = user.wait(TAPE)
+        check(f"{text[:14]} stands there to be mended", lambda: ((dialog.box(2).text, dialog.has_focus(dialog.box(2))), (text, True)))
+    user.key("Escape")
+    check("the dialog ends after what was typed", lambda: (desk.end(number), "CLOSE"))
+    check("what was typed has changed nothing", lambda: ((cells(other), cells(book)) == before, True))
+    desk.run("Unload")
+    other.close(True)
+    book.close(True)
+
+
+def read_only(desk, user):
+    for name, reason in (("a file opened for reading only", "the document is open for reading only"),
+                         ("a protected settings sheet", "the sheet is protected")):
         book = desk.open(ReadOnly=name.startswith("a file"))
         if not name.startswith("a file"):
             book.Sheets.getByName(SETTINGS).protect("")
+        book.CurrentController.select(book.Sheets.getByName("Desk").getCellRangeByName("B2:C5"))
         before = cells(book)
         desk.run("Take", book)
         number = desk.start("Tape")
-        said = insert(desk, "Desk!M3:O9", ("Error", "Abort"))
-        check(f"{name} is told of", lambda: (said, ["An error occurred in Pellora"]))
-        desk.clear()
+        insert(desk, "Desk!M3:O9")
+        report = user.report()
+        check(f"{name} is told of", lambda: (f"Error: 1004, (The cells cannot be written: {reason}) in Pellora.frmAddRibbon.AddSymbolToSheet" in report, True))
+        check(f"{name}: each failure is told", lambda: (desk.ignore(number) > 1, True))
         check(f"{name}: the call ends", lambda: (desk.end(number), "CLOSE"))
-        check(f"{name}: no cell has changed", lambda: (cells(book)[0] == before[0], True))
+        check(f"{name}: the user is where he was", lambda: (cells(book)[1:], before[1:]))
+        written = cells(book)[0]
+        number = desk.start("Tape")
+        said = insert(desk, "Desk!U3:W9", ("Error", "Abort"))
+        check(f"{name} is told of again", lambda: (said, ["An error occurred in Pellora"]))
+        desk.clear()
+        check(f"{name}: the call that was broken off ends", lambda: (desk.end(number), "CLOSE"))
+        check(f"{name}: no cell has changed", lambda: (cells(book)[0] == written, True))
         check(f"{name}: the screen is on again", lambda: (cells(book)[3], False))
+        settings_of = book.Sheets.ElementNames.index(SETTINGS)
+        check(f"{name}: nothing is recorded", lambda: (cells(book)[0][settings_of] == before[0][settings_of], True))
         desk.run("Unload")
         book.close(True)
 
@@ -224,43 +228,6 @@ def second_call(desk):
     book.close(True)
 
 
-def settings(desk):
-    file = Path(os.environ["XDG_CONFIG_HOME"]) / "pellora/settings"
-    check("settings are kept", lambda: (file.is_file(), True))
-    good = file.read_bytes()
-    for name, damage in (("damaged", b"\xff\x00[[[=\n" * 50), ("empty", b""), ("cut off", good[: len(good) // 2])):
-        file.write_bytes(damage)
-        check(f"a {name} settings file still gives a dialog", lambda: (desk.answer("Symbol", (TICKER, "Cancel"))[0], "2 "))
-    file.unlink()
-    file.mkdir()
-    number = desk.start("Symbol")
-    count = 0
-    while not desk.hand("outcome", number):
-        windows = desk.windows()
-        if windows and count < 60:
-            count += 1
-            desk.pressed(windows[-1][0], "Ignore" if "Ignore" in windows[-1][2] else "Cancel")
-    check("settings that cannot be read are told of, and the call ends", lambda: (desk.end(number), "2 "))
-    file.rmdir()
-    file.write_bytes(good)
-    desk.run("Drop")
-    home, config = os.environ["HOME"], os.environ["XDG_CONFIG_HOME"]
-    desk.hand("environment", "HOME", "/nonexistent")
-    desk.hand("environment", "XDG_CONFIG_HOME", "")
-    book = desk.open()
-    desk.run("Take", book)
-    number = desk.start("Symbol")
-    while not desk.hand("outcome", number):
-        windows = desk.windows()
-        if windows:
-            desk.pressed(windows[-1][0], "Ignore" if "Ignore" in windows[-1][2] else "Cancel")
-    check("without a home the call ends", lambda: (desk.end(number), "2 "))
-    desk.run("Drop")
-    desk.hand("environment", "HOME", home)
-    desk.hand("environment", "XDG_CONFIG_HOME", config)
-    book.close(True)
-
-
 def ending(desk):
     book = desk.open()
     desk.run("Take", book)
@@ -272,16 +239,44 @@ def ending(desk):
     desk.wait(TICKER)
 
 
-def main(*arguments):
-    desk = Desk(*arguments)
+def run(desk, part, *others):
+    try:
+        part(desk, *others)
+    except Exception as error:  # noqa: BLE001, the next part may hold
+        print(f"not ok {part.__name__} ran to its end ({type(error).__name__}: {' '.join(str(error).split())[:300]})", flush=True)
+    desk.clear()
+
+
+def last_window(desk, user):
+    """A user with one document, and a macro that keeps its object: he closes the window, then the program."""
+    book = desk.open()
+    desk.run("Take", book)
+    number = desk.start("Tape")
+    user.wait(TAPE)
+    user.close(name_of(book))
+    user.key_to(name_of(book), "ctrl+q")
+    user.wait(TAPE)
+    check("a user closes no last window under a dialog", lambda: (desk.is_open(book), True))
+    user.key("Escape")
+    check("the dialog over the last window ends", lambda: (desk.end(number), "CLOSE"))
+    user.close(name_of(book))
+    check("a user closes the last window", lambda: (desk.closed(book), True))
+    check("the object lives on without a window", lambda: (desk.answer("Project", (PROJECT, "Cancel"))[0], "False 0"))
+    # What the program shows without a document.
+    user.end_by("LibreOffice", "ctrl+q")
+
+
+def main(pipe, pid, folder, *only):
+    desk, user = Desk(pipe, pid, folder), User(pipe)
+    if only:
+        return last_window(desk, user)
     # The program ends when its last document is closed.
     desk.open()
-    for part in (places, read_only, missing_sheet, closing, two_documents, closed_document, second_call, settings):
-        try:
-            part(desk)
-        except Exception as error:  # noqa: BLE001, the next part may hold
-            print(f"not ok {part.__name__} ran to its end ({type(error).__name__}: {' '.join(str(error).split())[:300]})", flush=True)
-        desk.clear()
+    for part in (places, missing_sheet, closing, two_documents, closed_document, macros_elsewhere, second_call):
+        run(desk, part)
+    for part in (read_only, typed_places, closed_by_user, closed_by_macro, window_gone, settings):
+        run(desk, part, user)
+    run(desk, extension)
     ending(desk)
 
 

@@ -7,7 +7,7 @@ import time
 from pathlib import Path
 
 root = Path(__file__).resolve().parents[3]
-sys.path += [str(root / "script/lib"), str(root / "tests/libreoffice/component")]
+sys.path += [str(root / one) for one in ("script/lib", "tests/libreoffice", "tests/libreoffice/component")]
 
 import uno  # noqa: E402, F401, it lets the next lines find the program's types
 from com.sun.star.beans import NamedValue, PropertyValue  # noqa: E402
@@ -51,6 +51,11 @@ End Function
 Function Place(text)
   made.RefEditInputs = text
   Place = made.RefEditInputs
+End Function
+
+Function TapeAndClose(book)
+  TapeAndClose = made.ShowRefEditInterface()
+  book.close(True)
 End Function
 
 Function Unload()
@@ -105,7 +110,7 @@ class Desk:
         libraries = self.create("com.sun.star.script.ApplicationScriptLibraryContainer")
         if not libraries.hasByName("Bad"):
             libraries.createLibrary("Bad")
-            libraries.getByName("Bad").insertByName("Macros", "Option VBASupport 1\n" + handled(MACROS).replace("Err &", "Err.Number &"))
+        self.add_macros(libraries.getByName("Bad"), "Macros", MACROS)
         factory = self.context.getValueByName("/singletons/com.sun.star.script.provider.theMasterScriptProviderFactory")
         self.provider = factory.createScriptProvider("user")
         self.count = 0
@@ -120,10 +125,27 @@ class Desk:
         arguments = [value("MacroExecutionMode", 4), *(value(name, content) for name, content in properties.items())]
         return self.desktop.loadComponentFromURL(copy.as_uri(), "_blank", 0, tuple(arguments))
 
+    def is_open(self, book):
+        documents = self.desktop.getComponents().createEnumeration()
+        while documents.hasMoreElements():
+            if documents.nextElement() == book:
+                return True
+        return False
+
+    def closed(self, book):
+        """True once the document is gone."""
+        return self.until("the document's end", lambda: not self.is_open(book))
+
     def hand(self, *words):
         return self.hands.execute(tuple(NamedValue("argument", word) for word in words))
 
     # Macros
+
+    @staticmethod
+    def add_macros(library, module, macros):
+        """Puts a module into a library; its functions answer their failures."""
+        if not library.hasByName(module):
+            library.insertByName(module, "Option VBASupport 1\n" + handled(macros).replace("Err &", "Err.Number &"))
 
     def script(self, name, document=None):
         where = "document" if document else "application"
@@ -176,6 +198,16 @@ class Desk:
             if title in ("Error", "Vantix"):
                 self.gone(title)
         return self.end(number, macro), said
+
+    def ignore(self, number):
+        """Answers the error dialogs of a call with Ignore until the call has ended; how many there were."""
+        count = 0
+        while not self.hand("outcome", number) and count < 200:
+            windows = self.windows()
+            if windows and windows[-1][0] == "Error" and self.pressed("Error", "Ignore"):
+                count += 1
+            time.sleep(0.01)
+        return count
 
     def gone(self, title):
         self.until(f"the end of {title}", lambda: all(one[0] != title for one in self.windows()))

@@ -1,37 +1,14 @@
 // Shows the dialogs and takes their pictures, to be looked at: run with PELLORA_PICTURES set to a folder.
 
 #include <cstdlib>
-#include <memory>
 
-#include "contract/frmAddTicker.h"
-#include "contract/frmModifyList.h"
-#include "platform/headless/Headless.h"
-#include "project/frmNewProject.h"
-#include "support/CAppSettings.h"
-#include "support/CErrorHandler.h"
-#include "support/frmErrorMessage.h"
-#include "support/mGlobal.h"
-#include "tape/frmAddRibbon.h"
-#include "tests/libreoffice/forms/Hands.h"
-#include "tests/tape/WorkbookBuilder.h"
-#include "workbook/Host.h"
+#include "tests/libreoffice/forms/Dialogs.h"
 
 namespace pellora::libreoffice {
 namespace {
 
-class Gallery : public OfficeFormTest {
+class Gallery : public DialogTest {
  protected:
-  Gallery() {
-    mGlobal::ErrorHandler = std::make_shared<CErrorHandler>();
-    mGlobal::ErrorHandler->Init(actions::Dialog, "Error Log.txt", true, false, 2, "Tracing Log.txt");
-    mGlobal::AppSettings = std::make_shared<CAppSettings>();
-    mGlobal::AppSettings->Init("CORVANE", "Vantix");
-  }
-  ~Gallery() override {
-    mGlobal::ErrorHandler = nullptr;
-    mGlobal::AppSettings = nullptr;
-  }
-
   void SetUp() override {
     const auto* folder = std::getenv("PELLORA_PICTURES");
     if (!folder) GTEST_SKIP() << "no PELLORA_PICTURES";
@@ -56,8 +33,6 @@ class Gallery : public OfficeFormTest {
     form.SetPlacement(place);
     TakePicture(form, name + "-large");
   }
-
-  headless::HeadlessPlatform platform;
 
  private:
   std::string m_folder;
@@ -91,15 +66,6 @@ TEST_F(Gallery, ErrorMessage) {
       "Error 1004 in Pellora.frmAddRibbon.LoadTable at line 40, (Application-defined or object-defined error)\r\n");
   Picture(form, "error-message");
 }
-
-class TapeDesk : public TapeOwner {
- public:
-  TapeDesk() { test::WorkbookBuilder(test::Book(host.Application())).Instruments(20); }
-  DispatchPtr ExcelApplication() override { return host.Application(); }
-
- private:
-  workbook::Host host;
-};
 
 TEST_F(Gallery, AddRibbon) {
   TapeDesk desk;

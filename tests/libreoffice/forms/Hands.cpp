@@ -54,6 +54,18 @@ int NumberBehind(const std::string& text, const std::string& word) {
   return at == std::string::npos ? 0 : std::atoi(text.c_str() + at + word.size());
 }
 
+/// No wait ends by this on a machine that does anything at all.
+constexpr auto kPatience = std::chrono::seconds(30);
+
+bool UntilTrue(const std::function<bool()>& condition) {
+  const auto end = std::chrono::steady_clock::now() + kPatience;
+  while (!condition()) {
+    if (std::chrono::steady_clock::now() > end) return false;
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  }
+  return true;
+}
+
 Point CornerOnDisplay(const std::string& window) {
   const auto known = RunProgram("xwininfo -id " + window);
   return {NumberBehind(known, "Absolute upper-left X:"), NumberBehind(known, "Absolute upper-left Y:")};
@@ -84,13 +96,11 @@ std::string RunProgram(const std::string& command) {
 }
 
 bool Hands::Until(const std::function<bool()>& condition) const {
-  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(5);
-  for (bool met = false;;) {
+  return UntilTrue([&] {
+    bool met = false;
     OnMainThread([&] { met = condition(); });
-    if (met) return true;
-    if (std::chrono::steady_clock::now() > end) return false;
-    std::this_thread::sleep_for(std::chrono::milliseconds(10));
-  }
+    return met;
+  });
 }
 
 bool Hands::IsUp(Form& form) const {
@@ -147,15 +157,23 @@ void Hands::Click(const Control& control) const {
   Click(control, {static_cast<int>(at.Width / 2), static_cast<int>(at.Height / 2)});
 }
 
-void Hands::CloseWindow() const { Press("alt+F4"); }
+bool Hands::WindowHasKeyboard(const std::string& title) const {
+  return UntilTrue([&] { return RunProgram("xdotool getwindowfocus getwindowname") == title; });
+}
+
+void Hands::CloseWindow(const std::string& title) const {
+  // The manager's key is for the window that it takes for the active one, and it hears late of the keyboard's moves.
+  UntilTrue([&] { return RunProgram("xdotool getactivewindow getwindowname") == title; });
+  Press("alt+F4");
+}
 
 std::string Hands::WindowTitled(const std::string& title) const {
-  for (int attempt = 0; attempt < 100; ++attempt) {
-    const auto found = RunProgram("xdotool search --onlyvisible --name '^" + title + "$' | tail -1");
-    if (!found.empty()) return found;
-    std::this_thread::sleep_for(std::chrono::milliseconds(50));
-  }
-  return {};
+  std::string found;
+  UntilTrue([&] {
+    found = RunProgram("xdotool search --onlyvisible --name '^" + title + "$' | tail -1");
+    return !found.empty();
+  });
+  return found;
 }
 
 Player::Player(Form& form, std::function<void(Hands&)> part)
@@ -178,12 +196,7 @@ OfficeFormTest::OfficeFormTest() : toolkit(test::Office()) {}
 void OfficeFormTest::Show(Form& form, std::function<void(Hands&)> part) {
   const Player player(form, [&](Hands& hands) {
     part(hands);
-    bool shown = false;
-    for (int i = 0; i < 50; ++i) {
-      OnMainThread([&] { shown = form.Shown(); });
-      if (!shown) break;
-      std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    }
+    bool shown = !hands.Until([&] { return !form.Shown(); });
     EXPECT_FALSE(shown) << "still shown after its part was played";
     for (int i = 0; shown && i < 50; ++i) {
       // A message box that is over the form goes by a key only.

@@ -29,7 +29,8 @@ class Hands {
   explicit Hands(Form& form) : m_form(form) {}
 
   Form& form() const { return m_form; }
-  /// Asks something on the main thread until it is true; false when it does not become true within ten seconds.
+  /// Asks something on the main thread until it is true; false when it does not become true for so long that a
+  /// busy machine cannot be the reason.
   bool Until(const std::function<bool()>& condition) const;
   /// True once the form has come up with a control that has the keyboard.
   bool FormIsUp() const { return IsUp(m_form); }
@@ -46,8 +47,11 @@ class Hands {
 
   /// Where a control is on the screen, by the display's own account of the window.
   com::sun::star::awt::Rectangle PlaceOf(const Control& control) const;
-  /// Has the window manager ask the active window to close, as its close box does.
-  void CloseWindow() const;
+  /// Has the window manager ask the window of that title to close, as its close box does; the form's by default.
+  void CloseWindow() const { CloseWindow(m_form.Caption()); }
+  void CloseWindow(const std::string& title) const;
+  /// True once the window of that title has the keyboard, by the display's own account.
+  bool WindowHasKeyboard(const std::string& title) const;
   /// The window of that title, by the display's number for it; empty when it does not come up.
   std::string WindowTitled(const std::string& title) const;
 

@@ -1,10 +1,14 @@
 #include <gmock/gmock.h>
 
+#include <com/sun/star/accessibility/AccessibleRole.hpp>
+#include <com/sun/star/accessibility/XAccessible.hpp>
 #include <com/sun/star/awt/XTopWindow.hpp>
 #include <com/sun/star/frame/Desktop.hpp>
 #include <com/sun/star/frame/XComponentLoader.hpp>
 #include <com/sun/star/frame/XModel.hpp>
+#include <com/sun/star/lang/XEventListener.hpp>
 #include <com/sun/star/util/XCloseable.hpp>
+#include <cppuhelper/implbase1.hxx>
 #include <memory>
 
 #include "platform/libreoffice/forms/Form.h"
@@ -23,6 +27,37 @@ uno::Reference<com::sun::star::frame::XDesktop2> Desktop() {
 
 uno::Reference<com::sun::star::util::XCloseable> NewDocument() {
   return {Desktop()->loadComponentFromURL("private:factory/scalc", "_blank", 0, {}), uno::UNO_QUERY_THROW};
+}
+
+uno::Reference<com::sun::star::frame::XFrame> FrameOf(
+    const uno::Reference<com::sun::star::util::XCloseable>& document) {
+  const uno::Reference<com::sun::star::frame::XModel> model(document, uno::UNO_QUERY_THROW);
+  return model->getCurrentController()->getFrame();
+}
+
+uno::Reference<awt::XWindow2> WindowOf(const uno::Reference<com::sun::star::util::XCloseable>& document) {
+  return {FrameOf(document)->getContainerWindow(), uno::UNO_QUERY_THROW};
+}
+
+/// As an assistive program does: asks for every window in the form's, and for the cells of its tables.
+void LookAround(Form& form) {
+  using com::sun::star::accessibility::XAccessible;
+  const auto& window = static_cast<UnoFormPeer*>(form.WindowPeer())->GetWindow().Peer();
+  const uno::Reference<XAccessible> whole(window, uno::UNO_QUERY_THROW);
+  const auto inside = whole->getAccessibleContext();
+  for (sal_Int32 i = 0; i < inside->getAccessibleChildCount(); ++i) {
+    const auto child = inside->getAccessibleChild(i)->getAccessibleContext();
+    if (child->getAccessibleRole() != com::sun::star::accessibility::AccessibleRole::TABLE) continue;
+    const auto table = child->getAccessibleChild(child->getAccessibleChildCount() - 1)->getAccessibleContext();
+    for (sal_Int32 cell = 0; cell < table->getAccessibleChildCount(); ++cell) table->getAccessibleChild(cell);
+  }
+}
+
+/// Leaves something to do later for the toolkit: it finishes scrolling a table when it has time.
+void Scroll(Grid& grid) {
+  grid.Rows(100);
+  grid.Row(90);
+  grid.Row(1);
 }
 
 /// Everything else works on a bare display; the close box is the window manager's.
@@ -44,19 +79,24 @@ TEST_F(Modal, AFormHiddenWhileItComesUpReturns) {
   EXPECT_FALSE(hasty.Shown());
 }
 
-TEST_F(Modal, FormsThatWereNeverShownAreGivenUp) {
-  for (int i = 0; i < 5; ++i) {
-    SampleForm unseen(toolkit);
-    unseen.Load();
-    // Scrolling its table back to the top is what the toolkit finishes later.
-    unseen.grd.Rows(100);
-    unseen.grd.Row(90);
-    unseen.grd.Row(1);
-    unseen.Unload();
-  }
-  WithEventsPast();
+/// Hears of a window's end.
+class Mourner : public cppu::WeakImplHelper1<lang::XEventListener> {
+ public:
+  void SAL_CALL disposing(const lang::EventObject&) override { gone = true; }
+  bool gone = false;
+};
+
+// What the toolkit has put off for a table, such as scrolling it, it does after the table's end, and crashes, when the
+// window goes at once.
+TEST_F(Modal, TheWindowOfAFormGoesOnceTheToolkitHasDoneWhatItHasPutOff) {
+  const rtl::Reference<Mourner> mourner(new Mourner);
+  form.grd.Rows(100);
   form.Load();
-  EXPECT_TRUE(form.Loaded());
+  static_cast<UnoFormPeer*>(form.WindowPeer())->GetWindow().Peer()->addEventListener(mourner.get());
+  form.Unload();
+  EXPECT_FALSE(mourner->gone);
+  WithEventsPast();
+  EXPECT_TRUE(mourner->gone);
 }
 
 TEST_F(Modal, AFormIsActivatedOnceWhenItComesUp) {
@@ -119,65 +159,13 @@ TEST_F(Modal, AFormOverAFormTakesTheKeyboardAndGivesItBack) {
   EXPECT_THAT(form.events, ElementsAre("cancel"));
 }
 
-TEST_F(Modal, AMessageOverAFormIsAnswered) {
-  MessageAnswer answer = MessageAnswer::Abort;
-  form.butOk.Click = [&] { answer = toolkit.ShowMessage({"The text", "The title"}); };
-  Show(form, [&](Hands& hands) {
-    EXPECT_TRUE(hands.FormIsUp());
-    hands.Press("Return");
-    EXPECT_FALSE(hands.WindowTitled("The title").empty());
-    hands.Press("Return");
-    EXPECT_TRUE(hands.Until([&] { return answer == MessageAnswer::Ok; }));
-    EXPECT_TRUE(form.Shown());
-    hands.Press("Escape");
-  });
-}
-
-TEST_F(Modal, EscapeAnswersAMessageThatCanOnlyBeConfirmed) {
-  MessageAnswer answer = MessageAnswer::Abort;
-  form.butOk.Click = [&] { answer = toolkit.ShowMessage({"The text", "The title"}); };
-  Show(form, [&](Hands& hands) {
-    EXPECT_TRUE(hands.FormIsUp());
-    hands.Press("Return");
-    EXPECT_FALSE(hands.WindowTitled("The title").empty());
-    hands.Press("Escape");
-    EXPECT_TRUE(hands.Until([&] { return answer == MessageAnswer::Ok; }));
-    hands.Press("Escape");
-  });
-}
-
-class Answers : public Modal, public testing::WithParamInterface<std::pair<int, MessageAnswer>> {};
-
-TEST_P(Answers, AreThoseOfTheButtonPressed) {
-  std::optional<MessageAnswer> answer;
-  form.butOk.Click = [&] {
-    answer = toolkit.ShowMessage({"Again?", "The title", MessageButtons::AbortRetryIgnore, true});
-  };
-  Show(form, [&](Hands& hands) {
-    EXPECT_TRUE(hands.FormIsUp());
-    hands.Press("Return");
-    EXPECT_FALSE(hands.WindowTitled("The title").empty());
-    std::this_thread::sleep_for(std::chrono::milliseconds(300));
-    const std::string keys[] = {"alt+a", "alt+r", "alt+i"};
-    hands.Press(keys[GetParam().first]);
-    EXPECT_TRUE(hands.Until([&] { return answer.has_value(); }));
-    hands.Press("Escape");
-  });
-  EXPECT_EQ(answer, GetParam().second);
-}
-
-INSTANTIATE_TEST_SUITE_P(Message, Answers,
-                         testing::Values(std::pair{0, MessageAnswer::Abort}, std::pair{1, MessageAnswer::Retry},
-                                         std::pair{2, MessageAnswer::Ignore}));
-
 TEST_F(Modal, OtherDocumentsCannotBeUsedMeanwhileAndCanAfterwards) {
+  const auto other = NewDocument();
+  const auto window = WindowOf(other);
   const auto document = NewDocument();
-  const uno::Reference<com::sun::star::frame::XModel> model(document, uno::UNO_QUERY_THROW);
-  const auto frame = model->getCurrentController()->getFrame();
-  const uno::Reference<awt::XWindow2> window(frame->getContainerWindow(), uno::UNO_QUERY_THROW);
+  FrameOf(document)->activate();
   bool meanwhile = true;
   SampleForm over(toolkit);
-  NewDocument();
   Show(over, [&](Hands& hands) {
     EXPECT_TRUE(hands.FormIsUp());
     OnMainThread([&] { meanwhile = window->isEnabled(); });
@@ -186,20 +174,146 @@ TEST_F(Modal, OtherDocumentsCannotBeUsedMeanwhileAndCanAfterwards) {
   EXPECT_FALSE(meanwhile);
   EXPECT_TRUE(window->isEnabled());
   document->close(true);
+  other->close(true);
 }
 
-TEST_F(Modal, AFormEndsWithTheDocumentItBelongsTo) {
-  const uno::Reference<com::sun::star::frame::XModel> document(NewDocument(), uno::UNO_QUERY_THROW);
-  const auto frame = document->getCurrentController()->getFrame();
+TEST_F(Modal, AFormIsInFrontOfADocumentThatComesUpTogetherWithIt) {
+  const auto current = NewDocument();
+  FrameOf(current)->activate();
+  const auto late = NewDocument();
   SampleForm over(toolkit);
-  frame->activate();
   Show(over, [&](Hands& hands) {
     EXPECT_TRUE(hands.FormIsUp());
-    // The program itself refuses to close a document with a dialog over it; taking its window away it does not.
-    OnMainThread([&] { frame->dispose(); });
+    hands.Press("Escape");
+  });
+  EXPECT_THAT(over.events, ElementsAre("cancel"));
+  late->close(true);
+  current->close(true);
+}
+
+/// A window of another program, which has the keyboard when it has come up.
+class OtherProgram {
+ public:
+  explicit OtherProgram(const Hands& hands) : m_process(RunProgram("xev -name Other >/dev/null & echo $!")) {
+    EXPECT_TRUE(hands.WindowHasKeyboard("Other"));
+  }
+  ~OtherProgram() { RunProgram("kill " + m_process); }
+  OtherProgram(const OtherProgram&) = delete;
+  OtherProgram& operator=(const OtherProgram&) = delete;
+
+ private:
+  std::string m_process;
+};
+
+TEST_F(Modal, AFormIsBroughtInFrontOfOtherPrograms) {
+  Show(form, [&](Hands& hands) {
+    EXPECT_TRUE(hands.FormIsUp());
+    const OtherProgram other(hands);
+    OnMainThread([&] { form.WindowPeer()->BringToFront(); });
+    EXPECT_TRUE(hands.WindowHasKeyboard(form.Caption()));
+    hands.Press("Escape");
+  });
+  EXPECT_THAT(form.events, ElementsAre("cancel"));
+}
+
+class OverADocument : public Modal {
+ protected:
+  OverADocument() {
+    // The program ends with its last window. No event comes between the last line and the form, so it is over this one.
+    static const auto another = NewDocument();
+    WithEventsPast();
+    document->getCurrentController()->getFrame()->activate();
+  }
+  ~OverADocument() override {
+    WhileThere([&] { Close(); });
+  }
+  // The program itself refuses to close a document with a dialog over it; taking its window away it does not.
+  void TakeWindowAway() { document->getCurrentController()->getFrame()->dispose(); }
+  // Has come up, whoever has the keyboard.
+  bool IsUp(Hands& hands) {
+    return hands.Until([&] {
+      const auto* peer = static_cast<UnoFormPeer*>(over.WindowPeer());
+      return peer && peer->IsUp();
+    });
+  }
+  void Close() { uno::Reference<com::sun::star::util::XCloseable>(document, uno::UNO_QUERY_THROW)->close(true); }
+
+  uno::Reference<com::sun::star::frame::XModel> document{NewDocument(), uno::UNO_QUERY_THROW};
+  SampleForm over{toolkit};
+};
+
+TEST_F(OverADocument, AFormEndsWithIt) {
+  Show(over, [&](Hands& hands) {
+    EXPECT_TRUE(IsUp(hands));
+    OnMainThread([&] { TakeWindowAway(); });
     EXPECT_TRUE(hands.Until([&] { return !over.Shown(); }));
   });
   EXPECT_EQ(over.closeMode, kUnloadByUser);
+}
+
+// These would crash the program, some of them only after a while.
+TEST_F(OverADocument, AFormThatAnAssistiveProgramHasLookedAtEndsWithIt) {
+  Show(over, [&](Hands& hands) {
+    EXPECT_TRUE(IsUp(hands));
+    OnMainThread([&] { LookAround(over); });
+    OnMainThread([&] { TakeWindowAway(); });
+    EXPECT_TRUE(hands.Until([&] { return !over.Shown(); }));
+  });
+  WithEventsPast();
+}
+
+TEST_F(OverADocument, AFormThatIsScrollingEndsWithIt) {
+  Show(over, [&](Hands& hands) {
+    EXPECT_TRUE(IsUp(hands));
+    OnMainThread([&] {
+      Scroll(over.grd);
+      TakeWindowAway();
+    });
+    EXPECT_TRUE(hands.Until([&] { return !over.Shown(); }));
+  });
+  WithEventsPast();
+}
+
+TEST_F(OverADocument, AFormOverAFormEndsWithIt) {
+  SampleForm second(toolkit, "Second");
+  over.butOk.Click = [&] { second.Show(); };
+  Show(over, [&](Hands& hands) {
+    EXPECT_TRUE(hands.FormIsUp());
+    hands.Press("Return");
+    EXPECT_TRUE(hands.IsUp(second));
+    OnMainThread([&] {
+      LookAround(over);
+      LookAround(second);
+      TakeWindowAway();
+    });
+    EXPECT_TRUE(hands.Until([&] { return !over.Shown() && !second.Shown(); }));
+  });
+  WithEventsPast();
+}
+
+TEST_F(OverADocument, AFormHasJustEndedWhenItIsClosed) {
+  const Player user(over, [&](Hands& hands) {
+    EXPECT_TRUE(IsUp(hands));
+    OnMainThread([&] {
+      LookAround(over);
+      over.Hide();
+    });
+  });
+  over.Show();
+  // As a macro does: no event comes in between.
+  Close();
+}
+
+TEST_F(OverADocument, AFormThatWasScrollingHasJustEndedWhenItIsClosed) {
+  const Player user(over, [&](Hands& hands) {
+    EXPECT_TRUE(IsUp(hands));
+    OnMainThread([&] {
+      Scroll(over.grd);
+      over.Hide();
+    });
+  });
+  over.Show();
+  Close();
 }
 
 }  // namespace

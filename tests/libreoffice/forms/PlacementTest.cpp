@@ -1,10 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <com/sun/star/awt/XLayoutConstrains.hpp>
+#include <optional>
 
 #include "platform/libreoffice/forms/Form.h"
-#include "project/frmNewProject.h"
-#include "support/frmErrorMessage.h"
 #include "tests/libreoffice/forms/Hands.h"
 #include "tests/libreoffice/forms/SampleForm.h"
 
@@ -76,6 +74,37 @@ TEST_F(Placing, AMaximisedFormGetsTheWholeDesktop) {
   EXPECT_EQ(form.WindowState(), WindowState::Maximized);
 }
 
+TEST_F(Placing, AMaximisedFormIsSaidToBeMaximisedWhileItIsShown) {
+  Placement wanted;
+  wanted.showCommand = 3;
+  wanted.normal = {200, 150, 900, 900};
+  form.SetPlacement(wanted);
+  std::optional<Placement> shown;
+  form.butOk.Click = [&] { shown = form.GetPlacement(); };
+  Show(form, [&](Hands& hands) {
+    EXPECT_TRUE(hands.FormIsUp());
+    hands.Press("Return");
+    EXPECT_TRUE(hands.Until([&] { return shown.has_value(); }));
+    hands.Press("Escape");
+  });
+  EXPECT_EQ(shown->showCommand, 3);
+}
+
+TEST_F(Placing, AFormEnlargedToTheWholeDesktopIsSaidToBeMaximised) {
+  std::optional<Placement> shown;
+  form.butOk.Click = [&] { shown = form.GetPlacement(); };
+  Show(form, [&](Hands& hands) {
+    EXPECT_TRUE(hands.FormIsUp());
+    RunProgram("xdotool windowsize " + hands.WindowTitled("Sample") + " 100% 100%");
+    EXPECT_TRUE(hands.Until([&] { return Client().width > 1500 && Client().height > 1100; }));
+    hands.Press("Return");
+    EXPECT_TRUE(hands.Until([&] { return shown.has_value(); }));
+    hands.Press("Escape");
+  });
+  EXPECT_EQ(shown->showCommand, 3);
+  EXPECT_LT(shown->normal.Height(), 1100) << "the size to go back to";
+}
+
 /// The windows that are not where their controls are, in a form that is shown.
 std::string Misplaced(Form& form) {
   std::string misplaced;
@@ -100,32 +129,6 @@ TEST_F(Placing, ControlsStandWhereTheyAreEveryTimeAFormIsShown) {
       EXPECT_TRUE(hands.Until([&] { return (misplaced = Misplaced(form)).empty(); })) << misplaced;
       OnMainThread([&] { form.Hide(); });
     });
-}
-
-/// The captions that their controls, by the toolkit's own account, have no room for.
-std::string ClippedCaptions(Form& form) {
-  std::string clipped;
-  form.Load();
-  for (auto* control : form.Descendants()) {
-    const auto* peer = static_cast<UnoControlPeer*>(control->Peer());
-    if (control->Caption().empty() || !peer->GetWindow() || !control->Usable()) continue;
-    const auto least = peer->GetWindow().As<awt::XLayoutConstrains>()->getMinimumSize();
-    // A button's least size has much room around the text, which may well be smaller.
-    const auto spare = control->Kind() == ControlKind::CommandButton ? 16 : 2;
-    const auto& has = control->Bounds();
-    if (control->Kind() != ControlKind::Frame && least.Width > has.Width() + spare)
-      clipped +=
-          control->Name() + " needs " + std::to_string(least.Width) + " has " + std::to_string(has.Width()) + "\n";
-  }
-  return clipped;
-}
-
-TEST_F(Placing, CaptionsFitTheirControls) {
-  EXPECT_EQ(ClippedCaptions(form), "");
-  frmNewProject project(toolkit);
-  EXPECT_EQ(ClippedCaptions(project), "");
-  frmErrorMessage error(toolkit);
-  EXPECT_EQ(ClippedCaptions(error), "");
 }
 
 }  // namespace

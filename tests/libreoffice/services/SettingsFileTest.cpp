@@ -132,6 +132,25 @@ TEST_F(SettingsFileOnDisk, ThatIsAPipeIsRefusedWithoutWaiting) {
   EXPECT_EQ(Get(), std::nullopt);
 }
 
+TEST_F(SettingsFileOnDisk, OfMoreThanTwoMegabytesIsRefusedWithoutReadingIt) {
+  folder.Put("settings", std::string((2 << 20) + 1, '#'));
+  EXPECT_EQ(Set(1), EFBIG);
+  EXPECT_EQ(Get(), std::nullopt);
+}
+
+TEST_F(SettingsFileOnDisk, IsNotMadeTooLargeToBeRead) {
+  Set(1);
+  EXPECT_EQ(file.SetValue(kCurrentUser, "K", "Large", std::string(2 << 20, 'x')), EFBIG);
+  EXPECT_EQ(Get(), RegistryValue(1));
+}
+
+TEST_F(SettingsFileOnDisk, ChangedByAnotherProgramCountsAtOnce) {
+  Set(1);
+  Get();
+  folder.Put("settings", "[CurrentUser\\K]\n\"N\" = 2\n");
+  EXPECT_EQ(Get(), RegistryValue(2));
+}
+
 TEST_F(SettingsFileOnDisk, ThatCannotBeReplacedIsLeftAsItWas) {
   folder.Put("settings", kOneValue);
   // The place of the new content is taken by something that nobody, not even root, can take away as a file.

@@ -7,6 +7,7 @@
 #include <functional>
 #include <thread>
 
+#include "forms/ComboBox.h"
 #include "forms/Form.h"
 #include "platform/windows/forms/Control.h"
 #include "platform/windows/forms/WindowsToolkit.h"
@@ -19,7 +20,8 @@ bool Until(Condition condition) {
   const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
   while (!condition()) {
     if (std::chrono::steady_clock::now() > end) return false;
-    std::this_thread::yield();
+    // The testing thread works meanwhile: what looks all the time takes a processor from it.
+    ::Sleep(1);
   }
   return true;
 }
@@ -63,7 +65,11 @@ class Hands {
     info.cbSize = sizeof(info);
     return ::GetGUIThreadInfo(m_thread, &info) ? info.hwndFocus : nullptr;
   }
-  bool Has(const Control& control) const { return Focus() == Of(control); }
+  /// Whether the control has the focus; of a combo it is its edit that has it.
+  bool Has(const Control& control) const {
+    const auto focus = Focus();
+    return focus == Of(control) || (dynamic_cast<const ComboBox*>(&control) && ::GetParent(focus) == Of(control));
+  }
 
  private:
   static constexpr LPARAM kAltDown = LPARAM{1} << 29;

@@ -6,7 +6,6 @@
 #include <fstream>
 #include <sstream>
 #include <string>
-#include <thread>
 
 #include "core/Error.h"
 #include "core/Text.h"
@@ -24,7 +23,7 @@ bool Until(Condition condition) {
   const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
   while (!condition()) {
     if (std::chrono::steady_clock::now() > end) return false;
-    std::this_thread::yield();
+    Sleep(1);
   }
   return true;
 }

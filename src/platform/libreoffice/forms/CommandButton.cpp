@@ -9,6 +9,7 @@
 
 #include "platform/libreoffice/forms/Arrow.h"
 #include "platform/libreoffice/forms/Form.h"
+#include "platform/libreoffice/uno/Text.h"
 
 namespace pellora::libreoffice {
 namespace {
@@ -34,6 +35,8 @@ void CommandButtonPeer::SetPicture() {
   const auto colour = static_cast<std::uint32_t>(styles->getButtonTextColor());
   const auto side = m_form.GetFonts().Scale(kArrowDip);
   const auto arrow = Arrow(m_form.GetContext(), side, Self().Picture() == ButtonPicture::ArrowUp, colour);
+  // The caption that names other buttons is not shown here.
+  m_window.Set("AccessibleName", uno::Any(Wide(Self().AccessibleName())));
   m_window.Set("ImagePosition", uno::Any(awt::ImagePosition::Centered));
   // A picture without a text stands where a text would.
   m_window.Set("Align", uno::Any(static_cast<sal_Int16>(awt::TextAlign::CENTER)));

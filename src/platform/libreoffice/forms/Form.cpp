@@ -46,7 +46,7 @@ UnoFormPeer::~UnoFormPeer() {
   StopListening();
   m_ear->Detach();
   m_dialog.clear();
-  m_window.Retire(m_context);
+  m_window.Retire(m_context, m_over);
 }
 
 void UnoFormPeer::MakeWindow() {
@@ -84,15 +84,23 @@ void UnoFormPeer::Listen() {
     m_window.get()->addWindowListener(m_ear.get());
     m_window.As<awt::XTopWindow>()->addTopWindowListener(m_ear.get());
     if (m_keyboard.is()) m_keyboard->addKeyHandler(m_ear.get());
+    if (m_over.is()) m_over->addEventListener(static_cast<awt::XWindowListener*>(m_ear.get()));
   });
 }
 
 void UnoFormPeer::StopListening() {
   if (m_keyboard.is()) WhileThere([&] { m_keyboard->removeKeyHandler(m_ear.get()); });
+  if (m_over.is()) WhileThere([&] { m_over->removeEventListener(static_cast<awt::XWindowListener*>(m_ear.get())); });
 }
 
 void UnoFormPeer::OnDisposing(const lang::EventObject& source) {
   if (m_window && source.Source == m_window.Peer()) Lost();
+  if (source.Source != m_over) return;
+  m_over.clear();
+  if (!m_window) return;
+  // The form's window would follow, its table first.
+  m_window.Leave();
+  Lost();
 }
 
 void UnoFormPeer::Lost() {

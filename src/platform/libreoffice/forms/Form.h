@@ -13,6 +13,7 @@
 #include "platform/libreoffice/forms/Control.h"
 #include "platform/libreoffice/forms/Fonts.h"
 #include "platform/libreoffice/forms/FormEar.h"
+#include "platform/libreoffice/forms/HeldKeys.h"
 #include "platform/libreoffice/forms/Window.h"
 
 namespace pellora::libreoffice {
@@ -67,7 +68,7 @@ class UnoFormPeer : public FormPeer {
   void OnActivate(bool active);
   void OnMoved();
   bool OnKey(const awt::KeyEvent& key);
-  void OnKeyReleased();
+  void OnKeyReleased(const awt::KeyEvent& key);
   void OnDisposing(const lang::EventObject& source);
   /// Does what had to wait until the toolkit had finished with an event.
   void CatchUp();
@@ -91,6 +92,7 @@ class UnoFormPeer : public FormPeer {
   Rect OuterPlace() const;
   void MoveTo(Point outer);
   void Resize(Size client);
+  void AskForPlace(sal_Int16 parts);
   void LayOut();
   bool GainsByRoom() const;
   Rect PlaceOver() const;
@@ -111,6 +113,7 @@ class UnoFormPeer : public FormPeer {
   // Keyboard
   // The form decides about keys, not the toolkit: the order of tabs, access keys on pages and frames and what hears a
   // key first are the same on every platform.
+  bool HearsKeys() const;
   bool Translate(const awt::KeyEvent& key);
   bool TranslateKey(const awt::KeyEvent& key, UnoControlPeer* peer);
   bool TranslateAltKey(const awt::KeyEvent& key);
@@ -131,7 +134,10 @@ class UnoFormPeer : public FormPeer {
   std::vector<UnoControlPeer*> m_peers;
   CommandButtonPeer* m_shownDefault = nullptr;
   Placement m_placement;
+  HeldKeys m_heldKeys;
+  Size m_client;
   Size m_laidOut;
+  Point m_outer;
   Point m_asked;
   bool m_placed = false;
   bool m_ended = false;

@@ -46,8 +46,8 @@ sal_Bool FormEar::keyPressed(const awt::KeyEvent& event) {
   return used;
 }
 
-sal_Bool FormEar::keyReleased(const awt::KeyEvent&) {
-  Heard([](UnoFormPeer& form) { form.OnKeyReleased(); });
+sal_Bool FormEar::keyReleased(const awt::KeyEvent& event) {
+  Heard([&](UnoFormPeer& form) { form.OnKeyReleased(event); });
   return false;
 }
 

@@ -47,12 +47,18 @@ bool TakesLineBreaks(const UnoControlPeer* peer) {
 }  // namespace
 
 bool UnoFormPeer::OnKey(const awt::KeyEvent& key) {
-  // Keys are heard for all windows of the program.
-  return m_up && m_active && InnermostForm() == this && Translate(key);
+  if (!HearsKeys()) return false;
+  const auto held = m_heldKeys.Pressed(key);
+  return (held && !TakesLineBreaks(ActivePeer())) || Translate(key);
 }
 
-void UnoFormPeer::OnKeyReleased() {
+// Keys are reported for all windows of the program.
+bool UnoFormPeer::HearsKeys() const { return m_up && m_active && InnermostForm() == this; }
+
+void UnoFormPeer::OnKeyReleased(const awt::KeyEvent& key) {
+  const auto missed = m_heldKeys.Released(key);
   if (auto* peer = m_up ? ActivePeer() : nullptr) peer->KeyReleased();
+  if (missed && HearsKeys()) Translate(*missed);
 }
 
 bool UnoFormPeer::Translate(const awt::KeyEvent& key) {

@@ -1,3 +1,4 @@
+#include <com/sun/star/awt/PosSize.hpp>
 #include <com/sun/star/awt/XTopWindow.hpp>
 
 #include "platform/libreoffice/forms/Form.h"
@@ -12,7 +13,9 @@ void UnoFormPeer::ShowModal() {
     const OthersDisabled others(m_context, m_over);
     const ModalScope innermost(this);
     m_running = true;
+    AskForPlace(awt::PosSize::POSSIZE);
     Run();
+    m_client = Client();
     m_running = m_up = m_active = false;
   }
   if (!m_window) m_form.PeerClose();
@@ -55,11 +58,13 @@ bool UnoFormPeer::Execute() {
 
 void UnoFormPeer::ComeUp() {
   if (!IsShown()) return;
+  m_heldKeys.Begin();
   m_up = m_active = true;
   for (auto* peer : std::vector(m_peers)) peer->RestoreCaption();
   // A window manager may have put the new window where it likes, frame and all.
   if (m_placed && !WantsMaximised()) MoveTo({m_placement.normal.left, m_placement.normal.top});
   LayOut();
+  BringToFront();
   FocusActive();
   m_form.PeerActivate();
 }
@@ -71,6 +76,7 @@ void UnoFormPeer::OnActivate(bool active) {
 
 void UnoFormPeer::Resume() {
   if (!m_up) return;
+  m_heldKeys.Begin();
   // The toolkit may have told of it already, while the other window was still there, or tell later, or not at all.
   m_resumes = true;
   m_ear->CallBack(m_context);

@@ -57,8 +57,8 @@ Size UnoFormPeer::LeastClient() const {
 }
 
 Size UnoFormPeer::Client() const {
-  Size client;
-  if (m_window)
+  auto client = m_client;
+  if (m_window && m_running)
     WhileThere([&] {
       const auto size = m_window.get()->getOutputSize();
       client = {static_cast<int>(size.Width), static_cast<int>(size.Height)};
@@ -102,19 +102,25 @@ Rect UnoFormPeer::OuterPlace() const {
 }
 
 void UnoFormPeer::MoveTo(Point outer) {
-  const auto around = Around(m_window);
-  const auto origin = CornerOf(m_over);
-  m_asked = {static_cast<int>(outer.x + around.LeftInset - origin.x),
-             static_cast<int>(outer.y + around.TopInset - origin.y)};
-  WhileThere([&] {
-    m_window.get()->setPosSize(outer.x + around.LeftInset - origin.x, outer.y + around.TopInset - origin.y, 0, 0,
-                               awt::PosSize::POS);
-  });
+  m_outer = outer;
+  if (m_running) AskForPlace(awt::PosSize::POS);
 }
 
 void UnoFormPeer::Resize(Size client) {
-  if (client != Client()) WhileThere([&] { m_window.get()->setOutputSize({client.width, client.height}); });
+  const auto changes = client != Client();
+  m_client = client;
+  if (changes && m_running) WhileThere([&] { m_window.get()->setOutputSize({client.width, client.height}); });
   LayOut();
+}
+
+// Once, before the form comes up: a slow window manager would report every place it has been asked for, the earlier
+// ones when the last is already taken for granted, and a form closed meanwhile would be remembered to have been there.
+void UnoFormPeer::AskForPlace(sal_Int16 parts) {
+  const auto around = Around(m_window);
+  const auto origin = CornerOf(m_over);
+  m_asked = {static_cast<int>(m_outer.x + around.LeftInset - origin.x),
+             static_cast<int>(m_outer.y + around.TopInset - origin.y)};
+  WhileThere([&] { m_window.get()->setPosSize(m_asked.x, m_asked.y, m_client.width, m_client.height, parts); });
 }
 
 void UnoFormPeer::LayOut() {

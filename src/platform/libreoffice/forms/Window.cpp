@@ -6,7 +6,7 @@
 #include <com/sun/star/awt/PosSize.hpp>
 #include <com/sun/star/awt/WindowDescriptor.hpp>
 #include <com/sun/star/awt/XCallback.hpp>
-#include <cppuhelper/implbase1.hxx>
+#include <cppuhelper/implbase2.hxx>
 #include <rtl/ref.hxx>
 #include <vector>
 
@@ -30,19 +30,42 @@ std::vector<uno::Reference<accessibility::XAccessible>> ShownOf(const uno::Refer
   return shown;
 }
 
-/// Takes a window away when the toolkit's events have come to it; they come in the order in which they were put off.
-class Farewell : public cppu::WeakImplHelper1<awt::XCallback> {
+// Once an assistive program has looked at a table, its window frees what that saw and goes on to use it: the program's
+// memory would be damaged, and it would crash soon after.
+void TakeAway(const uno::Reference<awt::XWindowPeer>& dialog) {
+  const auto shown = ShownOf(dialog);
+  WhileThere([&] { dialog->dispose(); });
+}
+
+/// Takes a dialog away when the toolkit's events have come to it, as they come in the order in which they were put off;
+/// earlier when the window that it is over goes before.
+class Farewell : public cppu::WeakImplHelper2<awt::XCallback, lang::XEventListener> {
  public:
-  explicit Farewell(const uno::Reference<awt::XWindowPeer>& window) : m_window(window) {}
+  Farewell(const uno::Reference<awt::XWindowPeer>& dialog, const uno::Reference<awt::XWindowPeer>& over)
+      : m_dialog(dialog), m_over(over) {}
+  void Await(const uno::Reference<uno::XComponentContext>& context) {
+    awt::AsyncCallback::create(context)->addCallback(this, uno::Any());
+    if (m_over.is()) m_over->addEventListener(this);
+  }
   void SAL_CALL notify(const uno::Any&) override {
-    // Once an assistive program has looked at a table, its window frees what that saw and goes on to use it: the
-    // program's memory would be damaged, and it would crash soon after.
-    const auto shown = ShownOf(m_window);
-    WhileThere([&] { m_window->dispose(); });
+    const rtl::Reference<Farewell> self(this);
+    const auto over = std::exchange(m_over, {});
+    if (over.is()) WhileThere([&] { over->removeEventListener(this); });
+    Say();
+  }
+  void SAL_CALL disposing(const lang::EventObject&) override {
+    m_over.clear();
+    Say();
   }
 
  private:
-  uno::Reference<awt::XWindowPeer> m_window;
+  void Say() {
+    const auto dialog = std::exchange(m_dialog, {});
+    if (dialog.is()) TakeAway(dialog);
+  }
+
+  uno::Reference<awt::XWindowPeer> m_dialog;
+  uno::Reference<awt::XWindowPeer> m_over;
 };
 
 }  // namespace
@@ -74,15 +97,22 @@ void Window::reset() {
   if (peer.is()) WhileThere([&] { peer->dispose(); });
 }
 
-void Window::Retire(const uno::Reference<uno::XComponentContext>& context) {
+void Window::Retire(const uno::Reference<uno::XComponentContext>& context,
+                    const uno::Reference<awt::XWindowPeer>& over) {
   if (!m_peer.is()) return;
   Show(false);
   WhileThere([&] {
-    const rtl::Reference<Farewell> farewell(new Farewell(m_peer));
-    awt::AsyncCallback::create(context)->addCallback(farewell.get(), uno::Any());
+    const rtl::Reference<Farewell> farewell(new Farewell(m_peer, over));
+    farewell->Await(context);
     detach();
   });
   reset();
+}
+
+void Window::Leave() {
+  const auto peer = m_peer;
+  detach();
+  if (peer.is()) TakeAway(peer);
 }
 
 void Window::detach() {

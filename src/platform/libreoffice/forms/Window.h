@@ -42,9 +42,12 @@ class Window {
   void reset();
   /// The window is gone already.
   void detach();
-  /// Hides the window, which goes once the toolkit has done what it has put off until now: a table that goes earlier,
-  /// alone or with the window around it, would be called back after its end and crash the program.
-  void Retire(const uno::Reference<uno::XComponentContext>& context);
+  /// Hides the window, a dialog, which goes once the toolkit has done what it has put off until now: a table that goes
+  /// earlier, alone or with the window around it, would be called back after its end and crash the program. With the
+  /// window that it is over, null for none, it goes at once.
+  void Retire(const uno::Reference<uno::XComponentContext>& context, const uno::Reference<awt::XWindowPeer>& over);
+  /// The window, a dialog, goes at once, as the one that it is over is about to go and would take it away less gently.
+  void Leave();
 
   explicit operator bool() const { return m_window.is(); }
   const uno::Reference<awt::XWindowPeer>& Peer() const { return m_peer; }

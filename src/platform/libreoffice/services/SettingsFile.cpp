@@ -6,6 +6,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdlib>
+#include <utility>
 
 #include "platform/libreoffice/services/WholeFile.h"
 
@@ -46,13 +47,13 @@ std::int32_t SettingsFile::SetValue(std::int32_t root, std::string_view path, st
 std::optional<RegistryValue> SettingsFile::QueryValue(std::int32_t root, std::string_view path, std::string_view name) {
   std::string content;
   if (Read(m_path, content) != 0) return std::nullopt;
-  return SettingsText(content).Value(root, path, name);
+  return Understood(std::move(content)).Value(root, path, name);
 }
 
 std::int32_t SettingsFile::EnumerateValues(std::int32_t root, std::string_view path, std::vector<std::string>& names) {
   std::string content;
   if (const auto status = Read(m_path, content)) return status;
-  const SettingsText text(content);
+  const SettingsText& text = Understood(std::move(content));
   if (!text.HasKey(root, path)) return ENOENT;
   names = text.Names(root, path);
   return 0;
@@ -71,6 +72,14 @@ std::int32_t SettingsFile::DeleteKey(std::int32_t root, std::string_view path) {
 std::int32_t SettingsFile::Read(const std::string& path, std::string& content) const {
   const int status = ReadWholeFile(path, content);
   return status == ENOENT ? 0 : status;
+}
+
+const SettingsText& SettingsFile::Understood(std::string content) const {
+  if (!m_understood || m_content != content) {
+    m_understood.emplace(content);
+    m_content = std::move(content);
+  }
+  return *m_understood;
 }
 
 std::int32_t SettingsFile::Change(const Edit& edit) {

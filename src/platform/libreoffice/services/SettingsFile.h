@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "platform/libreoffice/services/SettingsText.h"
@@ -13,10 +14,10 @@ namespace pellora::libreoffice {
 /// (`SettingsText` describes its lines). All roots are in it. Every status is 0 or the system's error number: ENOENT
 /// for what is not there, ENOTEMPTY for a key with keys below.
 ///
-/// Nothing is remembered between calls: every question reads the file, so that what another program wrote counts at
-/// once. A change takes the lock (`path`.lock, which stays), reads the file anew, changes that one thing and replaces
-/// the file as a whole: no program loses another's change, and one that is killed leaves the file of before or of
-/// after. A value that is the same already is not written. A file that cannot be read is never replaced.
+/// Every question reads the file, so that what another program wrote counts at once; only what the same content means
+/// is not worked out again. A change takes the lock (`path`.lock, which stays), reads the file anew, changes that one
+/// thing and replaces the file as a whole: no program loses another's change, and one that is killed leaves the file of
+/// before or of after. A value that is the same already is not written. A file that cannot be read is never replaced.
 class SettingsFile : public Registry {
  public:
   /// `path` may be a link; what it leads to is replaced, not the link. `patience` is how long a change waits for
@@ -40,9 +41,12 @@ class SettingsFile : public Registry {
   using Edit = std::function<std::int32_t(SettingsText&)>;
   std::int32_t Read(const std::string& path, std::string& content) const;
   std::int32_t Change(const Edit& edit);
+  const SettingsText& Understood(std::string content) const;
 
   std::string m_path;
   std::chrono::milliseconds m_patience;
+  mutable std::string m_content;
+  mutable std::optional<SettingsText> m_understood;
 };
 
 }  // namespace pellora::libreoffice

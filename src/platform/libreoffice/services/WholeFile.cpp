@@ -15,8 +15,9 @@ namespace fs = std::filesystem;
 
 constexpr mode_t kOwnerOnly = 0600;
 constexpr mode_t kFolderOfOwner = 0700;
-/// Far above any settings; what is larger was not written here.
-constexpr off_t kLargestFile = 64 << 20;
+/// Far above any settings. What is larger was not written here, and would be read many times over, for minutes, while
+/// the user waits.
+constexpr off_t kLargestFile = 2 << 20;
 constexpr int kMostLinks = 40;
 constexpr std::chrono::milliseconds kLockPause{2};
 
@@ -99,6 +100,8 @@ int ReadWholeFile(const std::string& path, std::string& content) {
 }
 
 int ReplaceWholeFile(const std::string& path, std::string_view content) {
+  // It could not be read again.
+  if (content.size() > static_cast<std::size_t>(kLargestFile)) return EFBIG;
   struct stat old;
   const bool replaces = stat(path.c_str(), &old) == 0;
   if (!replaces && errno != ENOENT) return errno;

@@ -10,7 +10,8 @@ namespace pellora::libreoffice {
 
 /// Small files that are read and replaced as a whole. Every status is 0 or the system's error number.
 
-/// Reads a plain file. `content` is written only on success; ENOENT when there is no such file.
+/// Reads a plain file. `content` is written only on success; ENOENT when there is no such file, EFBIG for one of more
+/// than two megabytes.
 int ReadWholeFile(const std::string& path, std::string& content);
 
 /// Puts new content in the place of a file, or makes the file for its owner alone (0600). Whoever looks meanwhile, or

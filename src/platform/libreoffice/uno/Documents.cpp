@@ -202,9 +202,11 @@ Model DocumentOf(UnoDispatch& object) {
   return DocumentWith(sheet, object);
 }
 
+Reference<XInterface> ActiveDocumentOf(UnoDispatch& object) { return ActiveDocument(DesktopOf(object)); }
+
 std::shared_ptr<UnoDispatch> ActiveSheetOf(UnoDispatch& application) {
   auto& known = application.session()->active;
-  const auto document = ActiveDocument(DesktopOf(application));
+  const auto document = ActiveDocumentOf(application);
   if (document.is() && document == known.document && known.sheet.is()) {
     // A sheet that was renamed, moved or deleted since tells another name than the view does, or none.
     const rtl::OUString name = known.sheet->getName();
@@ -224,7 +226,7 @@ std::shared_ptr<UnoDispatch> ActiveSheetOf(UnoDispatch& application) {
 }
 
 bool NamesDeletedCells(UnoDispatch& application, std::string_view name) {
-  const Reference<css::beans::XPropertySet> document(ActiveDocument(DesktopOf(application)), UNO_QUERY);
+  const Reference<css::beans::XPropertySet> document(ActiveDocumentOf(application), UNO_QUERY);
   Reference<css::sheet::XNamedRanges> names;
   if (!document.is() || !(document->getPropertyValue("NamedRanges") >>= names)) return false;
   const rtl::OUString wanted = Wide(name);

@@ -30,6 +30,9 @@ com::sun::star::table::CellRangeAddress PlaceOf(UnoDispatch& range);
 /// The document of a range or a worksheet; null when none of the open ones has it.
 com::sun::star::uno::Reference<com::sun::star::frame::XModel> DocumentOf(UnoDispatch& object);
 
+/// The active document; null when there is none.
+com::sun::star::uno::Reference<com::sun::star::uno::XInterface> ActiveDocumentOf(UnoDispatch& object);
+
 /// The active sheet of the active document, as the object model has it.
 std::shared_ptr<UnoDispatch> ActiveSheetOf(UnoDispatch& application);
 

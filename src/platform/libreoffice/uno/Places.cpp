@@ -10,6 +10,7 @@
 #include "core/Text.h"
 #include "platform/libreoffice/uno/Documents.h"
 #include "platform/libreoffice/uno/Failure.h"
+#include "platform/libreoffice/uno/Selections.h"
 #include "platform/libreoffice/uno/SheetParts.h"
 #include "platform/libreoffice/uno/Values.h"
 
@@ -225,7 +226,10 @@ Variant SelectOnActiveSheet(const Call& call) {
 Variant SelectVisibleSheet(const Call& call) {
   if (ToLong(call.object.Plain("visible", CallKind::Get, {})) != kVisible)
     Refuse("Select method of Worksheet class failed");
-  return call.Plain();
+  RememberSelection(call.object);
+  const Variant done = call.Plain();
+  RestoreSelection(call.object);
+  return done;
 }
 
 Variant LastCell(const Call& call) {

@@ -1,10 +1,13 @@
 #pragma once
 
 #include <com/sun/star/container/XNamed.hpp>
+#include <com/sun/star/frame/XController.hpp>
 #include <com/sun/star/frame/XDesktop2.hpp>
 #include <com/sun/star/frame/XModel.hpp>
+#include <com/sun/star/sheet/XCellRangesQuery.hpp>
 #include <com/sun/star/uno/XComponentContext.hpp>
 #include <memory>
+#include <vector>
 
 namespace pellora::libreoffice {
 
@@ -24,6 +27,14 @@ struct Session {
     com::sun::star::uno::Reference<com::sun::star::container::XNamed> sheet;
   };
   mutable ActiveSheet active = {};
+
+  /// The cells that were selected on a sheet when it was left for another one.
+  struct LeftSheet {
+    com::sun::star::uno::Reference<com::sun::star::frame::XController> controller;
+    rtl::OUString sheet;
+    com::sun::star::uno::Reference<com::sun::star::sheet::XCellRangesQuery> cells;
+  };
+  mutable std::vector<LeftSheet> left = {};
 };
 
 using SessionPtr = std::shared_ptr<const Session>;

@@ -12,7 +12,6 @@
 #include "platform/windows/services/WindowsTextServices.h"
 
 // The run time's own, which no header declares.
-extern "C" const IMAGE_TLS_DIRECTORY _tls_used;
 namespace __gnu_cxx {
 void __freeres();
 }
@@ -73,26 +72,13 @@ void WriteReport(const std::wstring& file) {
   windows::WindowsLogFiles().Append(ole::Narrow(file), windows::ToAnsi(text.Text()) + "\r\n");
 }
 
-// The compiler's run time keeps a record with two handles for each thread it was used by, and gives it back only at
-// the thread's end. The host's thread goes on after an unload, so its end is told here, to the callbacks of this
-// module.
-void LetGoOfThread(HINSTANCE module) {
-  auto* callback = reinterpret_cast<const PIMAGE_TLS_CALLBACK*>(_tls_used.AddressOfCallBacks);
-  for (; callback && *callback; ++callback) (*callback)(module, DLL_THREAD_DETACH, nullptr);
-}
-
-// What the compiler's run time would leave in a host that unloads the library and lives on: also the memory it sets
-// aside, 70 KiB, for exceptions when there is no other.
-void LetGoOfRunTime(HINSTANCE module) {
-  __gnu_cxx::__freeres();
-  LetGoOfThread(module);
-}
-
 }  // namespace
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, void* processEnds) {
   if (reason == DLL_PROCESS_ATTACH) windows::ThisModule(module);
-  if (reason == DLL_PROCESS_DETACH && !processEnds) LetGoOfRunTime(module);
+  // A host that unloads the library lives on: it gets back the memory, 70 KiB, that the compiler's run time sets aside
+  // for exceptions when there is no other.
+  if (reason == DLL_PROCESS_DETACH && !processEnds) __gnu_cxx::__freeres();
   return TRUE;
 }
 
