@@ -1,9 +1,11 @@
 ' Says in plain words whether programs of this script engine's bitness find Pellora. The argument names the bitness.
-' Ends with 0 when it loads, 1 when it is not registered, 2 when it is registered and does not load.
+' Ends with 0 when it loads, 1 when it is not registered, 2 when it is registered and does not load. With "engine" for the
+' bitness it says nothing and ends with 42: a proof that scripts run here at all.
 Option Explicit
 Const ProgId = "Pellora.cPellora"
 Dim bits, file, audience, library, number, reason
 bits = WScript.Arguments(0)
+If bits = "engine" Then WScript.Quit 42
 
 file = ""
 audience = ""

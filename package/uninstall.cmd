@@ -19,8 +19,9 @@ if not defined wide if not defined narrow set "narrow=%native%"
 rem The Excel of somebody else who is logged on does not matter: it has an installation of its own.
 set "whose=username eq %USERDOMAIN%\%USERNAME%"
 "%native%\tasklist.exe" /nh /fi "imagename eq EXCEL.EXE" /fi "%whose%" >"%TEMP%\Pellora-running.txt" 2>nul
-"%native%\find.exe" "EXCEL.EXE" <"%TEMP%\Pellora-running.txt" >nul 2>nul
-if not errorlevel 1 goto running
+set "running="
+for /f "usebackq" %%w in ("%TEMP%\Pellora-running.txt") do if /i "%%w"=="EXCEL.EXE" set "running=yes"
+if defined running goto running
 del "%TEMP%\Pellora-running.txt" 2>nul
 
 rem Folders in which nothing is are not an installation.

@@ -17,9 +17,10 @@ function argument(number, otherwise) {
 function pickedPlace(app) {
   var place = argument(2, "");
   if (place !== "") return place;
-  // Type 8 is a range; cancelled, the answer is false.
-  var missing, picked = app.InputBox("Where shall the ticker tape begin?", "Ticker tape", missing, missing, missing,
-      missing, missing, 8);
+  // Type 8 is a range; cancelled, the answer is false. This language cannot leave an argument out in the middle, only
+  // pass an empty value, which is not the same to every program: so all of them are given. Default, left and top in
+  // points, no help.
+  var picked = app.InputBox("Where shall the ticker tape begin?", "Ticker tape", "", 60, 60, "", 0, 8);
   return picked ? "'" + picked.Worksheet.Name.replace(/'/g, "''") + "'!" + picked.Address() : "";
 }
 
@@ -43,7 +44,14 @@ function addInstruments(library) {
   } while (answer === 4);
 }
 
+// What the comment at the top says, for who starts this without a workbook.
+function usage() {
+  WScript.Echo("usage: cscript client.js WORKBOOK [APPLICATION RANGE RESULT]");
+  WScript.Quit(1);
+}
+
 function main() {
+  if (WScript.Arguments.length === 0) usage();
   var className = argument(1, "Excel.Application");
   var app = new ActiveXObject(className);
   if (className === "Excel.Application") {

@@ -9,6 +9,10 @@ Option Explicit
 Const ComponentFailure = &H80040064
 
 Dim app, library, className
+If WScript.Arguments.Count = 0 Then
+  WScript.Echo "usage: cscript client.vbs WORKBOOK [APPLICATION RANGE RESULT]"
+  WScript.Quit 1
+End If
 className = Argument(1, "Excel.Application")
 Set app = CreateObject(className)
 If className = "Excel.Application" Then
@@ -91,6 +95,8 @@ Function PickedPlace()
   On Error Resume Next
   Set picked = app.InputBox("Where shall the ticker tape begin?", "Ticker tape", , , , , , 8)
   If Err.Number = 0 Then PickedPlace = "'" & Replace(picked.Worksheet.Name, "'", "''") & "'!" & picked.Address
+  ' Cancelling is no failure of the caller's.
+  Err.Clear
 End Function
 
 Sub Complain()

@@ -20,6 +20,8 @@ void Host::Save(std::string_view path) { m_state->Save(path); }
 std::uint64_t Host::CallCount() const { return m_state->calls; }
 const std::map<std::string, std::uint64_t>& Host::Calls() const { return m_state->callsByMember; }
 
+void Host::Pick(std::string_view address) { m_state->picked = address; }
+
 void Host::ResetCalls() {
   m_state->calls = 0;
   m_state->callsByMember.clear();

@@ -39,6 +39,10 @@ class Host {
   /// Writes the open workbook as an .xlsx file; written beside and put in place at once. Raises 1004.
   void Save(std::string_view path);
 
+  /// From now on the user picks the range of that address, such as "Sheet1!B3", when the application's `InputBox` asks
+  /// for one; with none the user cancels, as at first.
+  void Pick(std::string_view address);
+
   /// Calls made to the objects since the last `ResetCalls`, in all and by "Object.Member", for instance
   /// "Range.Value".
   std::uint64_t CallCount() const;

@@ -79,11 +79,28 @@ Variant CallsOf(const Host::State& state, const std::string& member) {
   return static_cast<double>(count);
 }
 
+// Asks for a range, the one kind of input that is known here. An argument that is left out is to be absent: what a
+// script passes for one that it cannot leave out, an empty value, may mean anything.
+Variant InputBox(ApplicationObject& application, const Arguments& a) {
+  constexpr std::size_t kTitle = 1, kLeft = 3, kTop = 4, kHelpContext = 6, kType = 7;
+  constexpr std::int32_t kRange = 8;
+  for (std::size_t i = kTitle; i < kType; ++i)
+    if (a.Has(i) && a.At(i).Is(Variant::Type::Empty)) Refuse();
+  for (const std::size_t number : {kLeft, kTop, kHelpContext})
+    if (a.Has(number)) ToDouble(a.At(number));
+  if (a.Text(0).empty() || !a.Has(kType) || a.Long(kType) != kRange) Refuse();
+  const auto& state = application.statePtr();
+  if (state->picked.empty()) return Variant(false);
+  const Variant address(state->picked);
+  return RangeFrom(state, state->ActiveSheet(), Arguments({&address, 1}), false);
+}
+
 using A = const Arguments&;
 using App = ApplicationObject;
 
 constexpr std::array kApplication = {
     Member<App>{"Range", 1, 2, [](App& o, A a) { return RangeFrom(o.statePtr(), o.state().ActiveSheet(), a, false); }},
+    Member<App>{"InputBox", 1, 8, &InputBox},
     Member<App>{"Intersect", 2, 30, [](App&, A a) { return IntersectRanges(a); }},
     Member<App>{"Union", 2, 30, [](App&, A a) { return UniteRanges(a); }},
     Member<App>{"Cells", 0, 2, [](App& o, A a) { return CellsOf(*WholeSheet(o.statePtr(), o.state().ActiveSheet()), a); }},

@@ -22,6 +22,8 @@ struct Host::State : std::enable_shared_from_this<Host::State> {
   bool screenUpdating = true;
   /// Kept only: nothing is ever asked.
   bool displayAlerts = true;
+  /// What the user picks when `InputBox` asks for a range, as an address; empty for a user who cancels.
+  std::string picked;
   /// What is selected on each sheet; "A1" where nothing was.
   std::map<const Sheet*, std::vector<Area>> selections;
 

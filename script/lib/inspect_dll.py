@@ -9,10 +9,10 @@ import sys
 
 MACHINES = {"x86-64": "pei-x86-64", "i386": "pei-i386"}
 
-# What a Windows installation brings along. The compiler's run time is not among it.
+# What the library uses of a Windows installation, and no more. The compiler's run time is not among it.
 SYSTEM = {
     "advapi32.dll", "comctl32.dll", "gdi32.dll", "kernel32.dll", "msvcrt.dll", "ole32.dll", "oleaut32.dll",
-    "shell32.dll", "user32.dll", "uxtheme.dll", "version.dll", "dwmapi.dll", "shlwapi.dll", "comdlg32.dll",
+    "shell32.dll", "user32.dll", "uxtheme.dll", "version.dll",
 }
 
 # Relocatable to random places, data is not run, and on 64-bit the places are far apart.

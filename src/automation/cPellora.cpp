@@ -53,17 +53,17 @@ class LentSettings {
   frmAddTicker& m_form;
 };
 
-// Counts the calls that are being carried out.
-class Busy {
- public:
-  explicit Busy(int& calls) : m_calls(calls) { ++m_calls; }
-  ~Busy() { --m_calls; }
-  Busy(const Busy&) = delete;
-  Busy& operator=(const Busy&) = delete;
+[[noreturn]] void RaiseFailure(std::string_view method) {
+  throw Error(kComponentFailure, std::string(kClass) + std::string(method), "cPellora component failure");
+}
 
- private:
-  int& m_calls;
-};
+// A method lets the host work while a dialog is up, also while it reports an error: what the host calls then, on
+// whichever object, must not pull a form away from under it, nor show a second one beside it.
+void RefuseDuringACall() {
+  if (!mGlobal::Call::UnderWay()) return;
+  mGlobal::CurrentPlatform().toolkit.BringToFront();
+  throw Error(errors::InvalidCall);
+}
 
 // A tag's number, 0 for an empty one.
 double TagValue(const Form& form) { return form.Tag().empty() ? 0 : Val(form.Tag()); }
@@ -94,24 +94,32 @@ template <class Body>
 auto cPellora::Guarded(std::string_view method, Body&& body) {
   try {
     const mGlobal::ThreadClaim thisThread;
-    RefuseWhileBusy();
-    const Busy busy(m_busy);
+    RefuseDuringACall();
+    const mGlobal::Call call(m_errorHandler, m_appSettings);
     UseOwnServices();
     return body();
   } catch (...) {
-    throw Error(kComponentFailure, std::string(kClass) + std::string(method), "cPellora component failure");
+    RaiseFailure(method);
   }
 }
 
+// An object may be made while another one shows its dialog.
 cPellora::cPellora() {
-  Guarded("Class_Initialize", [&] { Class_Initialize(); });
+  try {
+    const mGlobal::ThreadClaim thisThread;
+    Class_Initialize();
+  } catch (...) {
+    RaiseFailure("Class_Initialize");
+  }
 }
 
 cPellora::~cPellora() { Class_Terminate(); }
 
 void cPellora::Class_Initialize() {
   // Without a platform none of the services could do its work: better to fail here than at the first dialog.
-  if (mGlobal::CurrentPlatform().oneThread) m_thread.emplace();
+  const auto& platform = mGlobal::CurrentPlatform();
+  // Where windows belong to the thread that made them, the object's do as long as it lives.
+  if (platform.oneThread) m_thread.emplace();
   m_errorHandler = std::make_shared<CErrorHandler>();
   m_errorHandler->Init(actions::Dialog, "Error Log.txt", true, false, 2, "Tracing Log.txt");
   m_appSettings = std::make_shared<CAppSettings>();
@@ -127,8 +135,9 @@ void cPellora::Class_Terminate() noexcept {
   } catch (...) {
     // An object that is let go has nobody left to tell.
   }
-  if (mGlobal::AppSettings == m_appSettings) mGlobal::AppSettings.reset();
-  if (mGlobal::ErrorHandler == m_errorHandler) mGlobal::ErrorHandler.reset();
+  // Another object's call may be under way, which goes on with that one's.
+  if (mGlobal::AppSettings == m_appSettings) mGlobal::AppSettings = mGlobal::Call::AppSettings();
+  if (mGlobal::ErrorHandler == m_errorHandler) mGlobal::ErrorHandler = mGlobal::Call::ErrorHandler();
 }
 
 void cPellora::ExcelApplication(const Variant& application) {
@@ -140,7 +149,7 @@ void cPellora::ExcelApplication(const Variant& application) {
 
 std::string cPellora::RefEditInputs() const { return TapeDialog().TapeAddress(); }
 void cPellora::RefEditInputs(std::string_view address) {
-  const Busy busy(m_busy);
+  const mGlobal::Call call(m_errorHandler, m_appSettings);
   UseOwnServices();
   TapeDialog().TapeAddress(address);
 }
@@ -148,7 +157,7 @@ void cPellora::RefEditInputs(std::string_view address) {
 bool cPellora::CreateNewProject(QuoteFields& fields) {
   return Guarded("CreateNewProject", [&]() -> bool {
     frmNewProject form(mGlobal::CurrentPlatform().toolkit);
-    ShowModal(form);
+    form.Show();
     if (TagValue(form) != 1) return false;
     for (const auto& entry : kProjectFields) fields.*entry.field = (form.*entry.box).Value();
     return true;
@@ -161,7 +170,7 @@ std::int16_t cPellora::AddNewSymbol(ContractRecord& contract) {
     const LentSettings settings(form);
     form.ComTypeListIndex(contract.ComTypeListIndex);
     Clear(contract);
-    ShowModal(form);
+    form.Show();
     const double tag = TagValue(form);
     if (tag != kInsert && tag != kInsertNew) return kCancel;
     contract.ComTypeListIndex = static_cast<std::int16_t>(form.ComType.ListIndex());
@@ -175,7 +184,7 @@ std::string cPellora::ShowRefEditInterface() {
     if (!m_frmAddRibbon) m_frmAddRibbon = std::make_unique<frmAddRibbon>(mGlobal::CurrentPlatform().toolkit);
     m_frmAddRibbon->AppSettings(mGlobal::AppSettings);
     m_frmAddRibbon->Owner(this);
-    ShowModal(*m_frmAddRibbon);
+    m_frmAddRibbon->Show();
     return m_frmAddRibbon->Tag();
   });
 }
@@ -191,26 +200,9 @@ void cPellora::UnloadfrmMaster() {
   });
 }
 
-// A method lets the host work while a dialog is up, also while it reports an error: what the host calls then must not
-// pull a form away from under it.
-void cPellora::RefuseWhileBusy() const {
-  if (m_busy == 0) return;
-  if (FormPeer* window = m_showing ? m_showing->WindowPeer() : nullptr) window->BringToFront();
-  throw Error(errors::InvalidCall);
-}
-
 void cPellora::UseOwnServices() const {
   if (!mGlobal::ErrorHandler) mGlobal::ErrorHandler = m_errorHandler;
   if (!mGlobal::AppSettings) mGlobal::AppSettings = m_appSettings;
-}
-
-void cPellora::ShowModal(Form& form) {
-  struct Scope {
-    Form*& showing;
-    ~Scope() { showing = nullptr; }
-  } scope{m_showing};
-  m_showing = &form;
-  form.Show();
 }
 
 frmAddRibbon& cPellora::TapeDialog() const {

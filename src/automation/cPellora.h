@@ -53,9 +53,10 @@ struct ContractRecord {
 /// that finds them released by another one puts its own back, so that the order in which macros let go of two objects
 /// does not matter. Construction and the four methods raise 0x80040064, "cPellora component failure", with their
 /// qualified name as source, whatever went wrong inside; the properties let errors through as they are. A method that
-/// is called while another call of this object is under way brings the open dialog to the front and raises the same
-/// error. So does a call from another thread than the one on which the first living object was made, or, where the
-/// platform has no such thread, than the one that is in a call.
+/// is called while a call is under way, of this object or of any other in the process, brings the dialog or message
+/// that the user is at to the front and raises the same error; making and releasing other objects meanwhile is fine. A
+/// call from another thread than the one on which the first living object was made fails too, or, where the platform
+/// has no such thread, than the one that is in a call.
 class cPellora : private TapeOwner {
  public:
   cPellora();
@@ -97,9 +98,7 @@ class cPellora : private TapeOwner {
   auto Guarded(std::string_view method, Body&& body);
   void Class_Initialize();
   void Class_Terminate() noexcept;
-  void RefuseWhileBusy() const;
   void UseOwnServices() const;
-  void ShowModal(Form& form);
   frmAddRibbon& TapeDialog() const;
 
   std::optional<mGlobal::ThreadClaim> m_thread;
@@ -107,8 +106,6 @@ class cPellora : private TapeOwner {
   std::shared_ptr<CErrorHandler> m_errorHandler;
   std::shared_ptr<CAppSettings> m_appSettings;
   std::unique_ptr<frmAddRibbon> m_frmAddRibbon;
-  Form* m_showing = nullptr;
-  int m_busy = 0;
 };
 
 }  // namespace pellora

@@ -16,17 +16,21 @@
 namespace pellora {
 namespace {
 
+// Where the system does not have the locale, the one in force at least raises what is in ASCII.
 #ifdef _WIN32
 char32_t UpperPoint(char32_t point) {
   // A locale object of its own: in the one that programs start with, letters beyond ASCII have no capitals.
   static const _locale_t locale = _create_locale(LC_CTYPE, "English_United States.1252");
-  return locale && point < 0x10000 ? static_cast<char32_t>(_towupper_l(static_cast<wint_t>(point), locale)) : point;
+  if (point >= 0x10000) return point;
+  const auto unit = static_cast<wint_t>(point);
+  return static_cast<char32_t>(locale ? _towupper_l(unit, locale) : towupper(unit));
 }
 #else
 char32_t UpperPoint(char32_t point) {
   // A locale object of its own: the process's locale is the host's business.
   static const locale_t locale = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
-  return locale ? static_cast<char32_t>(towupper_l(static_cast<wint_t>(point), locale)) : point;
+  const auto unit = static_cast<wint_t>(point);
+  return static_cast<char32_t>(locale ? towupper_l(unit, locale) : towupper(unit));
 }
 #endif
 

@@ -67,6 +67,13 @@ bool IsStop(const Control* control) { return control->Usable() && control->TabSt
 
 }  // namespace
 
+// A form that has no window yet stands over nothing.
+void Toolkit::BringToFront() const {
+  const auto innermost =
+      std::find_if(m_showing.rbegin(), m_showing.rend(), [](const Form* form) { return form->WindowPeer(); });
+  if (innermost != m_showing.rend()) (*innermost)->WindowPeer()->BringToFront();
+}
+
 Form::Form(Toolkit& toolkit, std::string_view name)
     : Container(nullptr, ControlKind::Panel, name), m_toolkit(toolkit) {}
 
@@ -87,7 +94,9 @@ void Form::Load() {
 void Form::Show() {
   if (m_modal) throw Error(errors::FormAlreadyShown);
   m_shown = true;
+  m_toolkit.m_showing.push_back(this);
   OnExit ended([this] {
+    m_toolkit.m_showing.pop_back();
     m_shown = false;
     m_modal = false;
     DropPeer();

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "forms/Geometry.h"
 
@@ -71,6 +72,8 @@ class FormPeer {
   virtual Rect Desktop() = 0;
   /// The form's outer size at the moment, in pixels.
   virtual Size OuterSize() = 0;
+  /// Makes the form the window that the user works in, now or when it comes up; where a message is up over it, that
+  /// message. A window that cannot be used meanwhile never takes the keyboard from the one that can.
   virtual void BringToFront() = 0;
 };
 
@@ -94,6 +97,15 @@ class Toolkit {
   /// Shows a message modally over the form that is active, or over the host.
   virtual MessageAnswer ShowMessage(const Message& message) = 0;
   virtual void Beep() = 0;
+
+  /// Brings the innermost of the forms that are being shown forward, or the message that is up over it. Nothing when
+  /// none is.
+  void BringToFront() const;
+
+ private:
+  friend class Form;
+  /// From the outermost on.
+  std::vector<Form*> m_showing;
 };
 
 }  // namespace pellora

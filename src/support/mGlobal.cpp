@@ -2,6 +2,7 @@
 
 #include <mutex>
 #include <thread>
+#include <utility>
 
 #include "core/Error.h"
 #include "support/CAppSettings.h"
@@ -16,6 +17,11 @@ Platform* g_platform = nullptr;
 std::mutex g_claimMutex;
 std::thread::id g_claimedBy;
 int g_claims = 0;
+
+// The outermost call's.
+int g_calls = 0;
+std::shared_ptr<CErrorHandler> g_errorHandler;
+std::shared_ptr<CAppSettings> g_appSettings;
 
 }  // namespace
 
@@ -33,6 +39,22 @@ ThreadClaim::~ThreadClaim() {
   const std::lock_guard lock(g_claimMutex);
   --g_claims;
 }
+
+Call::Call(std::shared_ptr<CErrorHandler> errorHandler, std::shared_ptr<CAppSettings> appSettings) {
+  if (g_calls++ > 0) return;
+  g_errorHandler = std::move(errorHandler);
+  g_appSettings = std::move(appSettings);
+}
+
+Call::~Call() {
+  if (--g_calls > 0) return;
+  g_errorHandler.reset();
+  g_appSettings.reset();
+}
+
+bool Call::UnderWay() { return g_calls > 0; }
+std::shared_ptr<CErrorHandler> Call::ErrorHandler() { return g_errorHandler; }
+std::shared_ptr<CAppSettings> Call::AppSettings() { return g_appSettings; }
 
 Platform& CurrentPlatform() {
   if (!g_platform) throw Error(errors::ObjectNotSet);

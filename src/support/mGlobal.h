@@ -28,6 +28,23 @@ class ThreadClaim {
   ThreadClaim& operator=(const ThreadClaim&) = delete;
 };
 
+/// A call of one of the library's methods, for as long as it is carried out. One at a time in the whole process:
+/// whoever begins one asks `UnderWay` first. Calls that a call makes itself may be nested in it.
+class Call {
+ public:
+  /// The calling object's services.
+  Call(std::shared_ptr<CErrorHandler> errorHandler, std::shared_ptr<CAppSettings> appSettings);
+  ~Call();
+  Call(const Call&) = delete;
+  Call& operator=(const Call&) = delete;
+
+  static bool UnderWay();
+  /// The services of the object whose call is under way, null when there is none: what another object leaves behind
+  /// that is released meanwhile.
+  static std::shared_ptr<CErrorHandler> ErrorHandler();
+  static std::shared_ptr<CAppSettings> AppSettings();
+};
+
 /// The seams in force. Raises 91 when no platform was installed.
 Platform& CurrentPlatform();
 

@@ -102,8 +102,9 @@ def failing(player):
     player.gone(dialog)
 
 
-def sample(player):
-    """Both sample clients ask for the same: fields, instruments until cancelled, a tape whose place is handed in."""
+def up_to_the_place(player):
+    """Both sample clients ask for the same: fields, instruments until cancelled, a tape. Ends where its place is asked
+    for."""
     dialog = player.wait(PROJECT)
     player.click(dialog.button("Volume"))
     player.waiting(dialog, "the tick", lambda w: w.button("Volume").checked)
@@ -121,9 +122,22 @@ def sample(player):
     dialog = player.wait(TAPE)
     player.click(dialog.button("..."))
     player.gone(dialog)
+
+
+def sample(player):
+    up_to_the_place(player)
     dialog = player.wait(TAPE)
     player.waiting(dialog, "the location handed in", lambda w: w.box(2).text != "")
     player.press(dialog, "Insert >>")
+    player.gone(dialog)
+
+
+def sample_unpicked(player):
+    up_to_the_place(player)
+    dialog = player.wait(TAPE)
+    if dialog.box(2).text:
+        raise PlayError(f"the location is {dialog.box(2).text}, although none was picked")
+    player.key("Escape")
     player.gone(dialog)
 
 

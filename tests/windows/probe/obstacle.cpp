@@ -1,7 +1,8 @@
 // What may stand in an installation's way. Put in the place of the system's tasklist.exe, it lists a running Excel of
-// the user who is asked for; in the place of reg.exe, it says that every key is there and does nothing. Called with a
-// key of the user, it makes that key a volatile one, below which nothing lasting can be written. Called with "hold" and
-// a file, it keeps that file open for a while.
+// the user who is asked for, by the name in the environment's OBSTACLE_NAME if there is one; in the place of reg.exe,
+// it says that every key is there and does nothing; in the place of cscript.exe, it runs no script. Called with a key
+// of the user, it makes that key a volatile one, below which nothing lasting can be written. Called with "hold" and a
+// file, it keeps that file open for a while.
 
 #include <cstdio>
 #include <cwchar>
@@ -38,6 +39,8 @@ bool AsksForOneUser(int count, wchar_t** arguments) {
 int wmain(int count, wchar_t** arguments) {
   if (count == 2) return MakeVolatile(arguments[1]);
   if (count == 3 && std::wstring_view(arguments[1]) == L"hold") return Hold(arguments[2]);
-  if (AsksForOneUser(count, arguments)) std::wprintf(L"EXCEL.EXE    4711 Console    1    90.000 K\n");
+  const wchar_t* const name = _wgetenv(L"OBSTACLE_NAME");
+  if (AsksForOneUser(count, arguments))
+    std::wprintf(L"%ls    4711 Console    1    90.000 K\n", name ? name : L"EXCEL.EXE");
   return 0;
 }

@@ -167,6 +167,31 @@ TEST_F(ReentrantCall, LeavesAScriptsVariablesAndTheirTypes) {
   EXPECT_EQ(FromVariant(variables[9].get()), Variant(std::int32_t{3}));
 }
 
+TEST_F(ReentrantCall, OfAnotherObjectIsRefusedAndBringsTheOpenDialogForward) {
+  HRESULT code = S_OK;
+  BStr outcome;
+  During([&] { code = Make()->ShowRefEditInterface(outcome.put()); });
+  EXPECT_EQ(code, kFailure);
+  EXPECT_EQ(outcome.get(), nullptr);
+  EXPECT_TRUE(wasBehind);
+  EXPECT_TRUE(cameForward);
+}
+
+TEST_F(ReentrantCall, IsNotUnderWayAnyMoreForAnotherObjectWhenItsOwnWasReleasedInIt) {
+  const auto second = Make();
+  _cPellora* const last = object.get();
+  short fields[10] = {};
+  VARIANT_BOOL confirmed = VARIANT_TRUE;
+  {
+    WhileADialogIsOpen open([&] { object.reset(); });
+    last->CreateNewProject(&fields[0], &fields[1], &fields[2], &fields[3], &fields[4], &fields[5], &fields[6],
+                           &fields[7], &fields[8], &fields[9], &confirmed);
+    ASSERT_TRUE(open.called);
+  }
+  EXPECT_EQ(confirmed, VARIANT_FALSE);
+  EXPECT_EQ(second->UnloadfrmMaster(), S_OK);
+}
+
 TEST_F(ReentrantCall, IsAcceptedAgainOnceTheDialogIsClosed) {
   During([] {});
   EXPECT_EQ(object->UnloadfrmMaster(), S_OK);

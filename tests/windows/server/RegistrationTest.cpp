@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <initializer_list>
 
 #include "LoadedServer.h"
 #include "RegistryChanges.h"
@@ -278,12 +279,109 @@ TEST_F(Registration, WhatTheOtherBitnessNeedsStaysForIt) {
   RegDeleteKeyExW(HKEY_LOCAL_MACHINE, classKey.c_str(), other, 0);
 }
 
-TEST_F(Registration, TheVersionOfTheFileIsToldByItself) {
-  const LibraryInfo info = ReadLibraryInfo(GetModuleHandleW(L"Pellora.dll"));
+TEST_F(Registration, ByAnotherWordThanUserAndMachineIsRefusedAndWritesNothing) {
+  const RegistryTree user = Classes(HKEY_CURRENT_USER), machine = Classes(HKEY_LOCAL_MACHINE);
+  for (const wchar_t* word : {L"usr", L"users", L"user ", L"0", L"usr,", L"machine user"})
+    EXPECT_EQ(Door<Install>("DllInstall")(TRUE, word), E_INVALIDARG) << ole::Narrow(word);
+  EXPECT_EQ(Classes(HKEY_CURRENT_USER), user);
+  EXPECT_EQ(Classes(HKEY_LOCAL_MACHINE), machine);
+}
+
+TEST_F(Registration, IsNotTakenBackByAnotherWord) {
+  ForMachine(true);
+  EXPECT_EQ(Door<Install>("DllInstall")(FALSE, L"usr"), E_INVALIDARG);
+  ExpectKeys(HKEY_LOCAL_MACHINE);
+}
+
+TEST_F(Registration, ByAnotherWordSaysWhichWordsThereAre) {
+  const auto file = std::filesystem::temp_directory_path() / "pellora registration.txt";
+  std::filesystem::remove(file);
+  Door<Install>("DllInstall")(TRUE, (L"usr," + file.wstring()).c_str());
+  std::string text;
+  {
+    std::ifstream content(file);
+    std::getline(content, text);
+  }
+  EXPECT_NE(text.find("\"user\" or \"machine\""), std::string::npos) << text;
+  std::filesystem::remove(file);
+}
+
+TEST_F(Registration, WithoutAWordIsForTheMachineAsWithItsWordInAnyCase) {
+  for (const wchar_t* word : std::initializer_list<const wchar_t*>{nullptr, L"", L",", L"machine", L"MACHINE"}) {
+    ASSERT_EQ(Door<Install>("DllInstall")(TRUE, word), S_OK);
+    ExpectKeys(HKEY_LOCAL_MACHINE);
+    ASSERT_EQ(Door<Install>("DllInstall")(FALSE, word), S_OK);
+    ExpectNothing(HKEY_LOCAL_MACHINE);
+  }
+}
+
+TEST_F(Registration, ForTheUserTakesItsWordInAnyCase) {
+  ASSERT_EQ(Door<Install>("DllInstall")(TRUE, L"User"), S_OK);
+  ExpectKeys(HKEY_CURRENT_USER);
+  ExpectNothing(HKEY_LOCAL_MACHINE);
+}
+
+// The place of a user's 32-bit classes, which the system makes for a 32-bit library and leaves when they are gone.
+class NarrowClasses : public Registration {
+ protected:
+  static constexpr const wchar_t* kNode = L"Software\\Classes\\Wow6432Node";
+  static void Make(const std::wstring& path) {
+    RegKey key;
+    RegCreateKeyExW(HKEY_CURRENT_USER, path.c_str(), 0, nullptr, 0, KEY_WRITE | KEY_WOW64_64KEY, nullptr, key.put(),
+                    nullptr);
+  }
+  static bool IsThere() {
+    RegKey key;
+    return RegOpenKeyExW(HKEY_CURRENT_USER, kNode, 0, KEY_READ | KEY_WOW64_64KEY, key.put()) == ERROR_SUCCESS;
+  }
+};
+
+TEST_F(NarrowClasses, GoWithTheLastOfThem) {
+  ForUser(TRUE);
+  Make(kNode);
+  ForUser(FALSE);
+  EXPECT_FALSE(IsThere());
+}
+
+TEST_F(NarrowClasses, StayForTheOthers) {
+  const std::wstring other = std::wstring(kNode) + L"\\Another.Class";
+  ForUser(TRUE);
+  Make(other);
+  ForUser(FALSE);
+  EXPECT_TRUE(IsThere());
+  for (const std::wstring& path : {other, std::wstring(kNode)})
+    RegDeleteKeyExW(HKEY_CURRENT_USER, path.c_str(), KEY_WOW64_64KEY, 0);
+}
+
+TEST_F(Registration, TheVersionOfTheFileIsTheProjects) {
+  const LibraryInfo info = ReadLibraryInfo(Module());
   EXPECT_EQ(info.title, "Pellora");
-  EXPECT_EQ(info.major, 1);
-  EXPECT_EQ(info.minor, 0);
-  EXPECT_EQ(info.revision, 0);
+  EXPECT_EQ(std::to_string(info.major) + "." + std::to_string(info.minor) + "." + std::to_string(info.revision),
+            PELLORA_VERSION);
+}
+
+// The text of a resource of the library.
+std::string Resource(HMODULE module, int id, LPCWSTR type) {
+  const HRSRC found = FindResourceW(module, MAKEINTRESOURCEW(id), type);
+  const HGLOBAL loaded = found ? LoadResource(module, found) : nullptr;
+  const auto* bytes = loaded ? static_cast<const char*>(LockResource(loaded)) : nullptr;
+  return bytes ? std::string(bytes, SizeofResource(module, found)) : std::string();
+}
+
+TEST_F(Registration, TheVersionInTheFilesPropertiesIsTheProjects) {
+  std::string block = Resource(Module(), 1, RT_VERSION);
+  wchar_t* text = nullptr;
+  UINT length = 0;
+  for (const wchar_t* name : {L"FileVersion", L"ProductVersion"}) {
+    const std::wstring path = std::wstring(L"\\StringFileInfo\\040904B0\\") + name;
+    ASSERT_TRUE(VerQueryValueW(block.data(), path.c_str(), reinterpret_cast<void**>(&text), &length));
+    EXPECT_EQ(ole::Narrow(text), PELLORA_VERSION);
+  }
+}
+
+TEST_F(Registration, TheVersionOfTheManifestIsTheProjects) {
+  EXPECT_NE(Resource(Module(), 2, RT_MANIFEST).find("name=\"Vantix.Pellora\" version=\"" PELLORA_VERSION ".0\""),
+            std::string::npos);
 }
 
 }  // namespace

@@ -71,7 +71,7 @@ void WindowsFormPeer::Leave(HWND owner) {
 
 void WindowsFormPeer::BringToFront() {
   m_toFront = !IsShown();
-  if (IsShown()) ::SetForegroundWindow(Window());
+  if (IsShown()) ::SetForegroundWindow(WindowInUse(Window()));
 }
 
 }  // namespace pellora::windows

@@ -1,5 +1,6 @@
 #include "platform/windows/forms/Modal.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace pellora::windows {
@@ -15,6 +16,9 @@ bool BelongsTo(HWND window, HWND owner) {
     if (window == owner) return true;
   return false;
 }
+
+// Forms and message boxes alike are of the system's class of dialogs.
+bool IsDialog(HWND window) { return ::GetClassLongPtrW(window, GCW_ATOM) == reinterpret_cast<ULONG_PTR>(WC_DIALOG); }
 
 // Only visible windows can take input. Hidden ones stay as they are: among them are the lists of combo boxes and the
 // tool tips, which must come up enabled.
@@ -38,6 +42,17 @@ HWND WindowToBeOver() {
   for (const auto window : EnabledWindowsOfThread(nullptr))
     if (::GetWindowLongPtrW(window, GWL_STYLE) & WS_CAPTION) return window;
   return nullptr;
+}
+
+HWND WindowInUse(HWND window) {
+  if (::IsWindowEnabled(window)) return window;
+  auto dialogs = EnabledWindowsOfThread(nullptr);
+  // Tool tips and the lists of combo boxes belong to a dialog too.
+  std::erase_if(dialogs, [](HWND other) { return !IsDialog(other); });
+  const auto over =
+      std::find_if(dialogs.begin(), dialogs.end(), [window](HWND other) { return BelongsTo(other, window); });
+  if (over != dialogs.end()) return *over;
+  return dialogs.empty() ? nullptr : dialogs.front();
 }
 
 OthersDisabled::OthersDisabled(HWND apart) : m_disabled(EnabledWindowsOfThread(apart)) {

@@ -10,6 +10,10 @@ namespace pellora::windows {
 /// could be working in. Null when the thread shows none.
 HWND WindowToBeOver();
 
+/// The dialog or message that a user can work in while `window` is up: itself, or, where it is disabled, what is up
+/// over it. Null when neither can be used: a disabled window would only take the keyboard away.
+HWND WindowInUse(HWND window);
+
 /// Disables every window of this thread that could take input, except `apart` and what belongs to it, and enables
 /// exactly those again at the end. Windows that were disabled before stay so; windows gone meanwhile are passed over.
 class OthersDisabled {

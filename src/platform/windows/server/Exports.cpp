@@ -30,9 +30,19 @@ HRESULT Door(Body&& body) noexcept {
   }
 }
 
+// "user" is the user alone, "machine" or nothing the machine. Another word may be a misspelt "user", and registering
+// for the machine is not what was meant then.
+windows::Audience AudienceOf(const std::wstring& word) {
+  if (lstrcmpiW(word.c_str(), L"user") == 0) return windows::Audience::User;
+  if (word.empty() || lstrcmpiW(word.c_str(), L"machine") == 0) return windows::Audience::Machine;
+  throw Error(E_INVALIDARG, {},
+              "A library is registered for \"user\" or \"machine\", not for \"" + ole::Narrow(word) + "\"");
+}
+
 // The caller gets the code; the text with the registry key becomes the thread's error object.
-HRESULT ChangeRegistration(bool install, windows::Audience audience) noexcept {
+HRESULT ChangeRegistration(bool install, const std::wstring& word) noexcept {
   try {
+    const auto audience = AudienceOf(word);
     install ? windows::Register(audience) : windows::Unregister(audience);
     return S_OK;
   } catch (...) {
@@ -40,16 +50,15 @@ HRESULT ChangeRegistration(bool install, windows::Audience audience) noexcept {
   }
 }
 
-// What "regsvr32 /i:" passes on: "user" for the user alone, and behind a comma a file for the text of a failure, of
-// which a script that calls it silently would hear nothing but that it failed.
+// What "regsvr32 /i:" passes on: for whom, and behind a comma a file for the text of a failure, of which a script that
+// calls it silently would hear nothing but that it failed.
 struct InstallRequest {
   explicit InstallRequest(std::wstring_view commandLine) {
     const auto comma = std::min(commandLine.find(L','), commandLine.size());
-    const std::wstring word(commandLine.substr(0, comma));
-    if (lstrcmpiW(word.c_str(), L"user") == 0) audience = windows::Audience::User;
+    word = commandLine.substr(0, comma);
     if (comma < commandLine.size()) report = commandLine.substr(comma + 1);
   }
-  windows::Audience audience = windows::Audience::Machine;
+  std::wstring word;
   std::wstring report;
 };
 
@@ -84,15 +93,15 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** object) {
 
 STDAPI DllCanUnloadNow() { return ole::ModuleReference::Count() == 0 ? S_OK : S_FALSE; }
 
-STDAPI DllRegisterServer() { return ChangeRegistration(true, windows::Audience::Machine); }
+STDAPI DllRegisterServer() { return ChangeRegistration(true, {}); }
 
-STDAPI DllUnregisterServer() { return ChangeRegistration(false, windows::Audience::Machine); }
+STDAPI DllUnregisterServer() { return ChangeRegistration(false, {}); }
 
 // "regsvr32 /n /i:user" registers for the user alone, which needs no rights on the machine.
 STDAPI DllInstall(BOOL install, PCWSTR commandLine) {
   return Door([&] {
     const InstallRequest request(commandLine ? commandLine : L"");
-    const HRESULT code = ChangeRegistration(install, request.audience);
+    const HRESULT code = ChangeRegistration(install, request.word);
     if (FAILED(code) && !request.report.empty()) WriteReport(request.report);
     return code;
   });

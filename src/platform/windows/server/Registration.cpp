@@ -114,17 +114,22 @@ struct Removal {
   }
 };
 
-// A fresh user has none of the keys that hold those of classes, interfaces and libraries; an empty one is ours.
+// `view` is 0 for the library's own, or one of the system's words for another.
+void RemoveIfEmpty(HKEY root, const wchar_t* name, REGSAM view) {
+  const std::wstring path = std::wstring(kClasses) + name;
+  RegKey key;
+  DWORD keys = 1, values = 1;
+  if (RegOpenKeyExW(root, path.c_str(), 0, KEY_READ | view, key.put()) == ERROR_SUCCESS)
+    RegQueryInfoKeyW(key.get(), nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values, nullptr, nullptr, nullptr,
+                     nullptr);
+  if (keys + values == 0) RegDeleteKeyExW(root, path.c_str(), view, 0);
+}
+
+// A fresh user has none of the keys that hold those of classes, interfaces and libraries, nor the one in which those of
+// 32-bit libraries are; an empty one is ours.
 void RemoveEmptyParents(HKEY root) {
-  for (const wchar_t* name : {L"CLSID", L"Interface", L"TypeLib"}) {
-    const std::wstring path = std::wstring(kClasses) + name;
-    RegKey key;
-    DWORD keys = 1, values = 1;
-    if (RegOpenKeyExW(root, path.c_str(), 0, KEY_READ, key.put()) == ERROR_SUCCESS)
-      RegQueryInfoKeyW(key.get(), nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values, nullptr, nullptr,
-                       nullptr, nullptr);
-    if (keys + values == 0) RegDeleteKeyW(root, path.c_str());
-  }
+  for (const wchar_t* name : {L"CLSID", L"Interface", L"TypeLib"}) RemoveIfEmpty(root, name, 0);
+  RemoveIfEmpty(root, L"Wow6432Node", KEY_WOW64_64KEY);
 }
 
 // On a system of one bitness both views show the same key, so the own class goes first.
