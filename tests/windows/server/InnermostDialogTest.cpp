@@ -12,11 +12,11 @@ namespace {
 
 using ole::BStr;
 
-constexpr UINT kBetweenLooks = 20;
+constexpr UINT kUntilNextLook = 20;
 constexpr ULONGLONG kPatience = 20'000;
 constexpr const wchar_t* kDialog = L"Add new ticker";
 
-struct Search {
+struct Wanted {
   HWND apart;
   const wchar_t* text;
   HWND found;
@@ -29,8 +29,8 @@ bool Has(HWND window, const wchar_t* text) {
 }
 
 // Named static functions: the 32-bit compiler makes no callbacks of that calling convention from lambdas.
-BOOL CALLBACK FindDialog(HWND window, LPARAM parameter) {
-  auto& search = *reinterpret_cast<Search*>(parameter);
+BOOL CALLBACK FindUsable(HWND window, LPARAM parameter) {
+  auto& search = *reinterpret_cast<Wanted*>(parameter);
   wchar_t name[20] = L"";
   GetClassNameW(window, name, 20);
   const bool usable = IsWindowVisible(window) && IsWindowEnabled(window) && wcscmp(name, L"#32770") == 0;
@@ -39,7 +39,7 @@ BOOL CALLBACK FindDialog(HWND window, LPARAM parameter) {
   return FALSE;
 }
 BOOL CALLBACK FindChild(HWND window, LPARAM parameter) {
-  auto& search = *reinterpret_cast<Search*>(parameter);
+  auto& search = *reinterpret_cast<Wanted*>(parameter);
   if (!IsWindowVisible(window) || !Has(window, search.text)) return TRUE;
   search.found = window;
   return FALSE;
@@ -47,13 +47,13 @@ BOOL CALLBACK FindChild(HWND window, LPARAM parameter) {
 
 // The dialog of this thread that can be used now, of that title unless it is null.
 HWND UsableDialog(HWND apart, const wchar_t* title) {
-  Search search{apart, title, nullptr};
-  EnumThreadWindows(GetCurrentThreadId(), FindDialog, reinterpret_cast<LPARAM>(&search));
+  Wanted search{apart, title, nullptr};
+  EnumThreadWindows(GetCurrentThreadId(), FindUsable, reinterpret_cast<LPARAM>(&search));
   return search.found;
 }
 
 bool ClickButton(HWND dialog, const wchar_t* caption) {
-  Search search{nullptr, caption, nullptr};
+  Wanted search{nullptr, caption, nullptr};
   EnumChildWindows(dialog, FindChild, reinterpret_cast<LPARAM>(&search));
   return search.found && PostMessageW(search.found, BM_CLICK, 0, 0);
 }
@@ -64,7 +64,7 @@ class Steps {
   using Step = std::function<bool()>;
   explicit Steps(std::vector<Step> steps) : m_steps(std::move(steps)) {
     s_current = this;
-    m_timer = SetTimer(nullptr, 0, kBetweenLooks, Look);
+    m_timer = SetTimer(nullptr, 0, kUntilNextLook, Look);
   }
   ~Steps() {
     KillTimer(nullptr, m_timer);
