@@ -49,11 +49,10 @@ bool frmAddRibbon::CheckField() {
 
 std::string frmAddRibbon::LocationFault(const std::string& location) {
   if (Find(location, "!") == std::string::npos) return "You must select Sheet name for the Range";
-  if (!CheckAddres(location)) return "Range Address Error";
+  if (!CheckAddres(location) || !IsThere(location)) return "Range Address Error";
   if (!ChechAddressRange(location)) return SizeMessage(txtAddress, ReturnColumnsCount());
   const auto hit = CheckAddressIntersect(location);
-  if (!hit.empty()) return OverlapMessage(txtAddress, hit);
-  return IsThere(location) ? std::string() : "Range Address Error";
+  return hit.empty() ? std::string() : OverlapMessage(txtAddress, hit);
 }
 
 // The writer takes the location apart at the "!", a spreadsheet by rules of its own: " Desk!B3:C9" is a range to one,
