@@ -15,8 +15,9 @@ broken() {
 run_windows_tests() {
   local bits=$1 part parts=() played=(automation dialogs failures lists)
   mkdir -p "$results/windows-$bits"
-  # The longest programs by themselves.
-  _beside server _run_programs "$bits" -name test_windows_server.exe
+  # The longest programs by themselves, one of them in two parts.
+  _beside life _run_filtered "$bits" test_windows_server "Life.*" -life
+  _beside server _run_filtered "$bits" test_windows_server "-Life.*"
   _beside winforms _run_programs "$bits" -name test_winforms.exe
   _beside programs _run_programs "$bits" -name 'test_*.exe' ! -name test_windows_server.exe ! -name test_winforms.exe
   _beside dialogs _run_clients "$bits" "${played[@]}"
@@ -39,17 +40,24 @@ _on_its_own() {
 }
 
 _run_programs() {
-  local bits=$1 out=$results/windows-$1 program name
+  local bits=$1 program
   shift
   while IFS= read -r program; do
-    name=$(basename "$program" .exe)
-    quietly "wine$bits-$name" _run_program "$program" "$out/$name.xml" ||
-      broken "$name ran to its end without a failure" "windows-$bits/$name"
+    _run_program "$bits" "$program" "*"
   done < <(find "$root/build/win$bits" "$@" | sort)
 }
 
+# _run_filtered BITS NAME FILTER [SUFFIX]: those tests of one program; the suffix tells the parts' results apart.
+_run_filtered() {
+  _run_program "$1" "$(find "$root/build/win$1" -name "$2.exe")" "$3" "${4:-}"
+}
+
 _run_program() {
-  run_wine 300 "$1" --gtest_brief=1 "--gtest_output=xml:$(windows_path "$2")"
+  local bits=$1 program=$2 filter=$3 name
+  name=$(basename "$program" .exe)${4:-}
+  quietly "wine$bits-$name" run_wine 300 "$program" --gtest_brief=1 "--gtest_filter=$filter" \
+    "--gtest_output=xml:$(windows_path "$results/windows-$bits/$name.xml")" ||
+    broken "$name ran to its end without a failure" "windows-$bits/$name"
 }
 
 # make_package: makes the archive twice and compares; for when nobody uses the libraries, which are linked anew.

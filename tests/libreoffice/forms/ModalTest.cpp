@@ -153,7 +153,8 @@ TEST_F(Modal, AFormOverAFormTakesTheKeyboardAndGivesItBack) {
     hands.Press("Escape");
     EXPECT_TRUE(hands.Until([&] { return !second.Shown(); }));
     EXPECT_TRUE(hands.FormIsUp());
-    EXPECT_TRUE(hands.Until([&] { return form.activations == 2; }));
+    // A slow window manager may take the keyboard from the form once more and give it back.
+    EXPECT_TRUE(hands.Until([&] { return form.activations >= 2; }));
     hands.Press("Escape");
   });
   EXPECT_THAT(second.events, ElementsAre("cancel"));
