@@ -53,6 +53,15 @@ build() {
   quietly "build-$preset" cmake --build --preset "$preset" ${1:+--target "$@"}
 }
 
+# on_one_core NUMBER: keeps this shell and what it starts on one of the cores, counted around. Programs that call each
+# other all the time, as those of Windows do with Wine's server, are three times as fast when nobody has to be woken on
+# another core.
+on_one_core() {
+  local cores
+  mapfile -t cores < <(python3 -c 'import os; print(*sorted(os.sched_getaffinity(0)), sep="\n")')
+  taskset -cp "${cores[$1 % ${#cores[@]}]}" "$BASHPID" >/dev/null
+}
+
 project_version() { sed -n 's/^project(Pellora VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt; }
 
 # The day of what is in an archive: the commit's. Outside a clone there is none, and the day is that of the version's

@@ -10,11 +10,11 @@ run_office_tests() {
   mkdir -p "$results/libreoffice"
   python3 script/lib/inspect_extension.py build/native/pellora.oxt >"$results/libreoffice/extension.tap" || true
   local folder=build/libreoffice/tests/libreoffice part parts=()
-  ( _run_office_parts $folder/test_office_{tape,uno,excel,component}.so tests/libreoffice/component/*.sh ) &
+  ( on_one_core 0; _run_office_parts $folder/test_office_{tape,uno,excel,component}.so tests/libreoffice/component/*.sh ) &
   parts+=($!)
-  ( _run_office_parts $folder/test_office_forms.so tests/libreoffice/samples/*.sh ) &
+  ( on_one_core 1; _run_office_parts $folder/test_office_forms.so tests/libreoffice/samples/*.sh ) &
   parts+=($!)
-  ( _run_office_parts tests/libreoffice/badinput/*.sh ) &
+  ( on_one_core 1; _run_office_parts tests/libreoffice/badinput/*.sh ) &
   parts+=($!)
   for part in "${parts[@]}"; do wait "$part" || true; done
 }

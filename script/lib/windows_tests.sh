@@ -10,7 +10,7 @@ broken() {
 }
 
 # run_windows_tests 64|32: runs the test programs and the script clients of that build, side by side, each part on a
-# display and in a prefix of its own, of that bitness. Expects `results`, the folder for what comes out. The test of the
+# core, on a display and in a prefix of its own, of that bitness. Expects `results`, the folder for what comes out. The test of the
 # archive links the libraries anew: it is for `run_package_test`.
 run_windows_tests() {
   local bits=$1 part parts=() played=(automation dialogs failures lists)
@@ -27,7 +27,7 @@ run_windows_tests() {
 
 # _beside NAME VERB BITS...: starts one of the parts of run_windows_tests.
 _beside() {
-  ( _on_its_own "$1-$3" "win$3"; "${@:2}" ) &
+  ( on_one_core "${#parts[@]}"; _on_its_own "$1-$3" "win$3"; "${@:2}" ) &
   parts+=($!)
 }
 
@@ -70,7 +70,7 @@ make_package() {
 # run_package_test: installs, uses and removes what make_package made.
 run_package_test() {
   # It makes its own prefix, one in which the library never was.
-  ( _at_exit=(); trap _run_at_exit EXIT; start_display; PELLORA_ARCHIVE=$results/package.zip _run_script 64 tests/windows/package.sh )
+  ( _at_exit=(); trap _run_at_exit EXIT; on_one_core 0; start_display; PELLORA_ARCHIVE=$results/package.zip _run_script 64 tests/windows/package.sh )
 }
 
 # _clients_without NAME...: the scripts of tests/windows but these.
