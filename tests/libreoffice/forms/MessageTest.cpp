@@ -51,6 +51,17 @@ TEST_F(Messages, EscapeAnswersAMessageThatCanOnlyBeConfirmed) {
   EXPECT_EQ(answer, MessageAnswer::Ok);
 }
 
+TEST_F(Messages, AMessageKeepsTheKeyboardWhenTheFormBelowIsAskedToComeForward) {
+  Ask(MessageButtons::Ok);
+  Play([&](Hands& hands) {
+    OnMainThread([&] { form.WindowPeer()->BringToFront(); });
+    hands.Press("Return");
+    EXPECT_TRUE(hands.Until([&] { return answer.has_value(); }));
+    EXPECT_TRUE(form.Shown());
+  });
+  EXPECT_EQ(answer, MessageAnswer::Ok);
+}
+
 class Answers : public Messages, public testing::WithParamInterface<std::pair<const char*, MessageAnswer>> {};
 
 TEST_P(Answers, AreThoseOfTheButtonPressed) {

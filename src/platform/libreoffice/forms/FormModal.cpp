@@ -99,7 +99,8 @@ void UnoFormPeer::OnClosing() {
 
 void UnoFormPeer::BringToFront() {
   const auto window = m_window.As<awt::XTopWindow>();
-  if (window.is() && IsShown()) WhileThere([&] { window->toFront(); });
+  // Under a message, or another form, it would take the keyboard away from where the user can answer.
+  if (window.is() && IsShown() && InnermostForm() == this) WhileThere([&] { window->toFront(); });
 }
 
 }  // namespace pellora::libreoffice
