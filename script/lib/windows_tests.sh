@@ -67,10 +67,10 @@ make_package() {
   mv "$results/windows-64/package.tap" "$results/windows-64/archive.tap"
 }
 
-# run_package_test: installs, uses and removes what make_package made.
+# run_package_test: installs, uses and removes what make_package made, or PELLORA_ARCHIVE.
 run_package_test() {
   # It makes its own prefix, one in which the library never was.
-  ( _at_exit=(); trap _run_at_exit EXIT; on_one_core 0; start_display; PELLORA_ARCHIVE=$results/package.zip _run_script 64 tests/windows/package.sh )
+  ( _at_exit=(); trap _run_at_exit EXIT; on_one_core 0; start_display; PELLORA_ARCHIVE=${PELLORA_ARCHIVE:-$results/package.zip} _run_script 64 tests/windows/package.sh )
 }
 
 # _clients_without NAME...: the scripts of tests/windows but these.

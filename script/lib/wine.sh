@@ -4,6 +4,8 @@
 # it is not there yet, and keeps its server running until the script ends.
 start_wine() {
   local new=$root/build/wine-new-${2:-win64}
+  # Made where both Wines are, it has both kinds of programs.
+  [[ ! -x /usr/lib/wine/wine ]] || new+=-of-both
   export WINEPREFIX=$root/build/wine${1:+-$1} WINEDEBUG=-all WINEARCH=${2:-win64}
   # No .NET, no HTML engine, and no debugger: after a crash it would wait for somebody to look.
   export WINEDLLOVERRIDES="mscoree=;mshtml=;winedbg.exe="
