@@ -16,6 +16,7 @@ result=$(free_name "$out/${name%.*}" xlsx).xlsx
 # The scripts of a run, and what the library leaves in the current folder, have a folder of their own. A failure of the
 # library shows in its error dialog, which ends a play at once.
 start_demo() {
+  on_one_core 0
   start_wine demo
   register build/win64/Pellora.dll build/win64/PelloraWorkbook.dll
   cd "$desk"

@@ -3,6 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <com/sun/star/awt/Key.hpp>
+#include <rtl/ref.hxx>
+
+#include "platform/libreoffice/forms/MessageEar.h"
 
 namespace pellora::libreoffice {
 namespace {
@@ -74,6 +77,20 @@ TEST_F(HeldKeysTest, APressAfterALostReleaseIsMadeUpForByItsOwn) {
   const auto missed = after.Released(kEnter);
   ASSERT_TRUE(missed.has_value());
   EXPECT_EQ(missed->KeyCode, awt::Key::RETURN);
+}
+
+// The release of the press that brings a message up may be lost.
+TEST_F(HeldKeysTest, AMessageHearsTheFirstEnterAfterThePressThatBroughtItUp) {
+  before.Pressed(kEnter);
+  const rtl::Reference<MessageEar> message(new MessageEar(false));
+  EXPECT_FALSE(message->keyPressed(kEnter));
+}
+
+TEST_F(HeldKeysTest, AKeyHeldFromAMessageIsPassedOverByTheFormBelow) {
+  const rtl::Reference<MessageEar> message(new MessageEar(false));
+  message->keyPressed(kEnter);
+  after.Begin();
+  EXPECT_TRUE(after.Pressed(kEnter));
 }
 
 }  // namespace

@@ -10,8 +10,10 @@ MessageEar::MessageEar(bool needsAnswer) : m_needsAnswer(needsAnswer) { m_heldKe
 bool MessageEar::TakeClosed() { return std::exchange(m_closed, false); }
 
 sal_Bool MessageEar::keyPressed(const com::sun::star::awt::KeyEvent& event) {
-  const auto held = m_heldKeys.Pressed(event);
-  return held || (m_needsAnswer && event.KeyCode == com::sun::star::awt::Key::ESCAPE);
+  // Noted for the form that comes next. A message itself does not pass keys over: the release of the press that brought
+  // it up is lost to the disabled window below, and the user's first Enter would have no effect.
+  m_heldKeys.Pressed(event);
+  return m_needsAnswer && event.KeyCode == com::sun::star::awt::Key::ESCAPE;
 }
 
 sal_Bool MessageEar::keyReleased(const com::sun::star::awt::KeyEvent& event) {

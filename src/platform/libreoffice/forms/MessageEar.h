@@ -10,7 +10,7 @@ namespace pellora::libreoffice {
 
 /// What the window of a message, and the toolkit's keyboard meanwhile, report to. A message that has to be answered by
 /// one of its buttons does not hear Escape, which the toolkit would take for its first button, and tells when its
-/// window has been closed all the same; no message hears a key that is held down from before.
+/// window has been closed all the same.
 class MessageEar
     : public cppu::WeakImplHelper2<com::sun::star::awt::XKeyHandler, com::sun::star::awt::XTopWindowListener> {
  public:
