@@ -59,6 +59,7 @@ build() {
 on_one_core() {
   local cores
   mapfile -t cores < <(python3 -c 'import os; print(*sorted(os.sched_getaffinity(0)), sep="\n")')
+  (( ${#cores[@]} > 0 )) || return 0
   taskset -cp "${cores[$1 % ${#cores[@]}]}" "$BASHPID" >/dev/null
 }
 

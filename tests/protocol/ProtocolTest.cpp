@@ -70,7 +70,8 @@ struct Exception {
 };
 
 constexpr std::string_view kCheckAddres = "CheckAddres asks whether a text is a range: a failure is the answer no";
-constexpr std::string_view kIsThere = "CheckField asks whether the writer will find the cells: a failure is the answer no";
+constexpr std::string_view kIsThere =
+    "CheckField asks whether the writer will find the cells: a failure is the answer no";
 constexpr std::string_view kIntersect = "myIntersect answers the empty text for whatever does not intersect";
 constexpr std::string_view kLastCell = "a sheet may have no last cell; the search that follows finds out";
 constexpr std::string_view kResolve = "a link that names no cells follows no quote; the user typed it, or a macro did";
