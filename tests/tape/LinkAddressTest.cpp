@@ -1,20 +1,12 @@
 #include <gtest/gtest.h>
 
-#include "core/Error.h"
 #include "tape/cLinkAddresseses.h"
+#include "tests/Raised.h"
 
 namespace pellora {
 namespace {
 
-template <class F>
-std::int32_t NumberOf(F&& act) {
-  try {
-    act();
-  } catch (const Error& error) {
-    return error.Number();
-  }
-  return 0;
-}
+using test::NumberRaisedBy;
 
 TEST(cLinkAddress, StartsEmptyAndKeepsItsFiveTexts) {
   cLinkAddress tape;
@@ -42,7 +34,7 @@ TEST(cLinkAddresses, KeysCompareWithoutLetterCaseInEveryScript) {
 
 TEST(cLinkAddresses, ItemWithAKeyNeverAddedFailsWhileItemADDMakesTheMember) {
   cLinkAddresses tapes;
-  EXPECT_EQ(NumberOf([&] { tapes.Item("x"); }), 5);
+  EXPECT_EQ(NumberRaisedBy([&] { tapes.Item("x"); }), 5);
   EXPECT_NE(tapes.ItemADD("x"), nullptr);
   EXPECT_EQ(tapes.Item("X"), tapes.Item(std::int32_t{1}));
 }
@@ -59,9 +51,9 @@ TEST(cLinkAddresses, CountIsZeroThenTwoAndItemOneIsTheFirstAdded) {
 TEST(cLinkAddresses, AnIndexOutsideFails) {
   cLinkAddresses tapes;
   tapes.ItemADD("a");
-  EXPECT_EQ(NumberOf([&] { tapes.Item(std::int32_t{0}); }), 9);
-  EXPECT_EQ(NumberOf([&] { tapes.Item(std::int32_t{2}); }), 9);
-  EXPECT_EQ(NumberOf([&] { tapes.Remove(std::int32_t{2}); }), 9);
+  EXPECT_EQ(NumberRaisedBy([&] { tapes.Item(std::int32_t{0}); }), 9);
+  EXPECT_EQ(NumberRaisedBy([&] { tapes.Item(std::int32_t{2}); }), 9);
+  EXPECT_EQ(NumberRaisedBy([&] { tapes.Remove(std::int32_t{2}); }), 9);
 }
 
 TEST(cLinkAddresses, AddHandsTheMemberBackUnchanged) {
@@ -70,7 +62,7 @@ TEST(cLinkAddresses, AddHandsTheMemberBackUnchanged) {
   EXPECT_EQ(tapes.Add(tape, "Key"), tape);
   EXPECT_EQ(tape->SborKey(), "");
   EXPECT_EQ(tapes.Item("KEY"), tape);
-  EXPECT_EQ(NumberOf([&] { tapes.Add(tape, "key"); }), 457);
+  EXPECT_EQ(NumberRaisedBy([&] { tapes.Add(tape, "key"); }), 457);
 }
 
 TEST(cLinkAddresses, RemoveByIndexOrKeyKeepsTheOthersInReach) {
@@ -81,7 +73,7 @@ TEST(cLinkAddresses, RemoveByIndexOrKeyKeepsTheOthersInReach) {
   ASSERT_EQ(tapes.Count(), 2);
   EXPECT_EQ(tapes.Item(std::int32_t{1})->SborKey(), "b");
   EXPECT_EQ(tapes.Item("d")->SborKey(), "d");
-  EXPECT_EQ(NumberOf([&] { tapes.Item("a"); }), 5);
+  EXPECT_EQ(NumberRaisedBy([&] { tapes.Item("a"); }), 5);
 }
 
 TEST(cLinkAddresses, MembersAreWalkedInTheOrderOfAdding) {
@@ -102,7 +94,7 @@ TEST(cLinkAddresseses, GroupsRememberTheirKeyInTheLetterCaseFirstUsed) {
 
 TEST(cLinkAddresseses, ItemWithAKeyNeverAddedFailsWhileItemADDMakesTheMember) {
   cLinkAddresseses groups;
-  EXPECT_EQ(NumberOf([&] { groups.Item("x"); }), 5);
+  EXPECT_EQ(NumberRaisedBy([&] { groups.Item("x"); }), 5);
   const auto group = groups.ItemADD("x");
   EXPECT_EQ(groups.Item("X"), group);
 }
@@ -119,8 +111,8 @@ TEST(cLinkAddresseses, CountIsZeroThenTwoAndItemOneIsTheFirstAdded) {
 TEST(cLinkAddresseses, AnIndexOutsideFails) {
   cLinkAddresseses groups;
   groups.ItemADD("a");
-  EXPECT_EQ(NumberOf([&] { groups.Item(std::int32_t{0}); }), 9);
-  EXPECT_EQ(NumberOf([&] { groups.Item(std::int32_t{2}); }), 9);
+  EXPECT_EQ(NumberRaisedBy([&] { groups.Item(std::int32_t{0}); }), 9);
+  EXPECT_EQ(NumberRaisedBy([&] { groups.Item(std::int32_t{2}); }), 9);
 }
 
 TEST(cLinkAddresseses, AddHandsTheGroupBackUnchanged) {
@@ -130,7 +122,7 @@ TEST(cLinkAddresseses, AddHandsTheGroupBackUnchanged) {
   EXPECT_EQ(groups.Add(group, "Key"), group);
   EXPECT_EQ(group->GroupKey(), "own");
   EXPECT_EQ(groups.Item("kEY"), group);
-  EXPECT_EQ(NumberOf([&] { groups.Add(group, "KEY"); }), 457);
+  EXPECT_EQ(NumberRaisedBy([&] { groups.Add(group, "KEY"); }), 457);
 }
 
 TEST(cLinkAddresseses, RemoveByIndexOrKeyKeepsTheOthersInReach) {
@@ -140,7 +132,7 @@ TEST(cLinkAddresseses, RemoveByIndexOrKeyKeepsTheOthersInReach) {
   groups.Remove("C");
   ASSERT_EQ(groups.Count(), 1);
   EXPECT_EQ(groups.Item("b")->GroupKey(), "b");
-  EXPECT_EQ(NumberOf([&] { groups.Remove("a"); }), 5);
+  EXPECT_EQ(NumberRaisedBy([&] { groups.Remove("a"); }), 5);
 }
 
 TEST(cLinkAddresseses, GroupsAreWalkedInTheOrderOfAdding) {
