@@ -93,15 +93,8 @@ class Steps {
   UINT_PTR m_timer = 0;
 };
 
-class InnermostDialog : public LoadedServer {
+class InnermostDialog : public LoadedObject {
  protected:
-  void SetUp() override {
-    LoadedServer::SetUp();
-    object = Make();
-    ASSERT_TRUE(object);
-  }
-  void TearDown() override { object.reset(); }
-
   void AddNewSymbol(short type) {
     std::array<BStr, 7> held;
     std::array<BSTR, 7> t{};
@@ -149,7 +142,6 @@ class InnermostDialog : public LoadedServer {
     ExpectUpperUsed(steps);
   }
 
-  ComPtr<_cPellora> object;
   HWND lower = nullptr, upper = nullptr, other = nullptr;
   bool wasBehind = false, cameForward = false;
 };

@@ -71,4 +71,17 @@ class LoadedServer : public testing::Test {
   HMODULE m_module = nullptr;
 };
 
+/// A test of an object of the library.
+class LoadedObject : public LoadedServer {
+ protected:
+  void SetUp() override {
+    LoadedServer::SetUp();
+    object = Make();
+    ASSERT_TRUE(object);
+  }
+  void TearDown() override { object.reset(); }
+
+  ComPtr<_cPellora> object;
+};
+
 }  // namespace pellora::windows::test

@@ -32,15 +32,8 @@ Said TakeError() {
   return {source.Text(), description.Text()};
 }
 
-class Object : public LoadedServer {
+class Object : public LoadedObject {
  protected:
-  void SetUp() override {
-    LoadedServer::SetUp();
-    object = Make();
-    ASSERT_TRUE(object);
-  }
-  void TearDown() override { object.reset(); }
-
   DISPID IdOf(const wchar_t* name) {
     std::wstring text(name);
     LPOLESTR names[] = {text.data()};
@@ -61,7 +54,6 @@ class Object : public LoadedServer {
     return Use(IdOf(name), flags, &one);
   }
 
-  ComPtr<_cPellora> object;
   OleVariant result;
   ExcepInfo info;
 };

@@ -62,15 +62,8 @@ class WhileADialogIsOpen {
   UINT_PTR m_timer = 0;
 };
 
-class ReentrantCall : public LoadedServer {
+class ReentrantCall : public LoadedObject {
  protected:
-  void SetUp() override {
-    LoadedServer::SetUp();
-    object = Make();
-    ASSERT_TRUE(object);
-  }
-  void TearDown() override { object.reset(); }
-
   HRESULT NewProject(short* fields, VARIANT_BOOL* confirmed) {
     return object->CreateNewProject(&fields[0], &fields[1], &fields[2], &fields[3], &fields[4], &fields[5], &fields[6],
                                     &fields[7], &fields[8], &fields[9], confirmed);
@@ -86,7 +79,6 @@ class ReentrantCall : public LoadedServer {
     cameForward = open.cameForward;
   }
 
-  ComPtr<_cPellora> object;
   bool wasBehind = false, cameForward = false;
 };
 
